@@ -1,0 +1,49 @@
+#pragma once
+// The working session: the two open documents, the folders, the current data
+// file and the year and month the program works on. The main window owns one.
+#include <filesystem>
+#include <string>
+
+#include "app/environment.h"
+#include "app/prompter.h"
+#include "data/document.h"
+
+namespace tallix {
+
+class Session {
+public:
+    Session(Environment& env, Prompter& prompter);
+
+    Environment& env() { return env_; }
+    Prompter& prompter() { return prompter_; }
+
+    // <data root>/tallix: every year file, the index and the templates.
+    std::filesystem::path dataFolder() const;
+    std::filesystem::path indexPath() const;
+    std::filesystem::path inDataFolder(const std::string& bareName) const;
+
+    // Loads <data folder>/name as the data document and makes it the current
+    // file. A failed load leaves an empty document (see Document::load).
+    void openDataFile(const std::string& bareName);
+    void saveData() const;
+    void saveIndex() const;
+
+    Document data;
+    Document index;
+    std::string fileName;
+    std::filesystem::path filePath;
+
+    int year = 0;
+    std::string yearText;
+    int month = 1;
+    void setYear(int newYear);
+
+    // "<Month> <year>", the main window's title.
+    std::string title() const;
+
+private:
+    Environment& env_;
+    Prompter& prompter_;
+};
+
+}  // namespace tallix

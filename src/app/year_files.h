@@ -1,0 +1,53 @@
+#pragma once
+// Which data file belongs to which year: the start-up choice, attaching an
+// existing file to a year, and switching years from the Years menu.
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tallix {
+
+class Session;
+
+// The texts the start-up choice shows, as the program has always shown them.
+namespace year_texts {
+inline constexpr const char* kNoFileForCurrentYear =
+    "You have not created a data file for the current year...The previous years data file will "
+    "be loaded so you then can create a data file for the current year. After the previous year "
+    "is loaded select 'Tools' > 'make next year' to create the current year's datafile based on "
+    "previous year's file";
+inline constexpr const char* kLoadPreviousYear = "Do you want to load the previous years data file or";
+inline constexpr const char* kNoPreviousYearEntry =
+    "Since there is no previous year file entry defined in the main xml file and one exits click "
+    "YES and a file dialog will open to allow you to locate and open it. \n It will be save in "
+    "the app will start using that file name. If there no previous data file then a blank one "
+    "will be placed  in the app and processing wil/ start with that data";
+inline constexpr const char* kLoadBlankForThisYear = "Do you want to load a blank data file for this year";
+inline constexpr const char* kNoDataFileForSelectedYear =
+    "There is no data file for the year you have selected. Do you want to load one?";
+}  // namespace year_texts
+
+// Start-up: decides the data file of the session's year, asking the user
+// where the index has no file for it. May move the session to the previous
+// year. Returns the bare file name to open from the data folder.
+std::string chooseStartupFile(Session& session);
+
+// The previous-year branch of the start-up choice, for the year text `year`
+// (public so that every branch can be exercised).
+std::string choosePreviousYearFile(Session& session, std::string_view year);
+
+// Lets the user pick an existing data file for `year`, loads it as the data
+// document and records it in the index. Returns the file name the index now
+// holds for the year; "" when the user cancelled; "0" after an error (shown as
+// "runtime error in getfile() ").
+std::string getfile(Session& session, std::string_view year);
+
+// Years menu: switches the session to `year`'s data file. Returns true when
+// the data document was replaced (the caller then rebuilds the display);
+// errors are shown as "runtime error in processprevyearrequest() ".
+bool processprevyearrequest(Session& session, std::string_view year);
+
+// The items of the Years menu: "2022" to "2030".
+std::vector<std::string> yearsMenuItems();
+
+}  // namespace tallix

@@ -1,0 +1,126 @@
+#include "data/document.h"
+
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <stdexcept>
+
+#include "data/atomic_file.h"
+#include "data/encoding.h"
+
+namespace tallix {
+namespace {
+
+// Comments, processing instructions and the doctype are kept so that a save
+// does not drop what a user wrote by hand.
+constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_declaration |
+                                   pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
+
+class StringWriter : public pugi::xml_writer {
+public:
+    explicit StringWriter(std::string& out) : out_(out) {}
+    void write(const void* data, size_t size) override {
+        out_.append(static_cast<const char*>(data), size);
+    }
+
+private:
+    std::string& out_;
+};
+
+// The parser reads a carriage return back as a line feed unless it arrives as
+// a character reference, so every CR in the output is written as one.
+std::string escapeCarriageReturns(const std::string& xml) {
+    if (xml.find('\r') == std::string::npos)
+        return xml;
+    std::string out;
+    out.reserve(xml.size() + 16);
+    for (char c : xml) {
+        if (c == '\r')
+            out += "&#13;";
+        else
+            out += c;
+    }
+    return out;
+}
+
+// The document is held and saved as UTF-8; a declaration that names another
+// encoding would mislabel the saved file.
+void relabelAsUtf8(pugi::xml_document& doc) {
+    for (pugi::xml_node n = doc.first_child(); n; n = n.next_sibling()) {
+        if (n.type() != pugi::node_declaration)
+            continue;
+        if (pugi::xml_attribute enc = n.attribute("encoding"))
+            enc.set_value("UTF-8");
+        return;
+    }
+}
+
+}  // namespace
+
+Document::Document() : doc_(std::make_unique<pugi::xml_document>()) {}
+Document::Document(Document&&) noexcept = default;
+Document& Document::operator=(Document&&) noexcept = default;
+Document::~Document() = default;
+
+void Document::markFailed(std::string reason) {
+    doc_->reset();
+    if (reason.empty())
+        reason = "unknown error";
+    loadError_ = std::move(reason);
+    // The program's historical console line; a windowed program does not show it.
+    std::printf("Failed to load DOM from stocks.xml. %s\n", loadError_.c_str());
+    std::fflush(stdout);
+}
+
+Document Document::parse(std::string_view xml, const std::filesystem::path& label) {
+    Document d;
+    d.source_ = label;
+    std::string converted;
+    pugi::xml_encoding encoding = pugi::encoding_auto;
+    if (isWindows1252(declaredEncoding(xml))) {
+        converted = windows1252ToUtf8(xml);
+        xml = converted;
+        encoding = pugi::encoding_utf8;
+    }
+    pugi::xml_parse_result result =
+        d.doc_->load_buffer(xml.data(), xml.size(), kParseOptions, encoding);
+    if (!result) {
+        d.markFailed(std::string(result.description()) + " at offset " +
+                     std::to_string(result.offset));
+        return d;
+    }
+    relabelAsUtf8(*d.doc_);
+    return d;
+}
+
+Document Document::load(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in || std::filesystem::is_directory(path)) {
+        Document d;
+        d.source_ = path;
+        d.markFailed("The system cannot locate the file specified: " + path.string());
+        return d;
+    }
+    std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    return parse(bytes, path);
+}
+
+std::string Document::serialize() const {
+    std::string out;
+    StringWriter writer(out);
+    doc_->save(writer, "  ", pugi::format_default, pugi::encoding_utf8);
+    return escapeCarriageReturns(out);
+}
+
+void Document::save(const std::filesystem::path& path) const {
+    if (loadFailed()) {
+        throw std::runtime_error("nothing was saved to " + path.string() + ": the file " +
+                                 source_.string() +
+                                 " could not be read, so its empty copy is not written (" +
+                                 loadError_ + ")");
+    }
+    writeFileAtomically(path, serialize());
+}
+
+}  // namespace tallix

@@ -1,0 +1,122 @@
+#include "data/node_text.h"
+
+#include <stdexcept>
+#include <string>
+
+namespace tallix {
+namespace {
+
+bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+void collectText(pugi::xml_node node, std::string& out) {
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+        switch (child.type()) {
+            case pugi::node_pcdata:
+            case pugi::node_cdata:
+                out += child.value();
+                break;
+            case pugi::node_element:
+                collectText(child, out);
+                break;
+            default:
+                break;
+        }
+    }
+}
+
+std::string describe(pugi::xml_node node) {
+    std::string name = node.name();
+    if (pugi::xml_attribute id = node.attribute("id"))
+        name += " '" + std::string(id.value()) + "'";
+    return name.empty() ? "(document)" : name;
+}
+
+void requireNode(pugi::xml_node node, std::string_view what) {
+    if (!node)
+        throw std::runtime_error(std::string(what) + " on a node that does not exist");
+}
+
+}  // namespace
+
+std::string nodeText(pugi::xml_node node) {
+    std::string out;
+    if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
+        out = node.value();
+    else
+        collectText(node, out);
+    size_t begin = 0;
+    size_t end = out.size();
+    while (begin < end && isBlank(out[begin]))
+        ++begin;
+    while (end > begin && isBlank(out[end - 1]))
+        --end;
+    return out.substr(begin, end - begin);
+}
+
+void setNodeText(pugi::xml_node node, std::string_view text) {
+    requireNode(node, "setting text");
+    while (pugi::xml_node child = node.first_child())
+        node.remove_child(child);
+    if (!text.empty())
+        node.append_child(pugi::node_pcdata).set_value(std::string(text).c_str());
+}
+
+std::vector<pugi::xml_node> elementChildren(pugi::xml_node node) {
+    std::vector<pugi::xml_node> out;
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling())
+        if (child.type() == pugi::node_element)
+            out.push_back(child);
+    return out;
+}
+
+size_t elementChildCount(pugi::xml_node node) {
+    size_t n = 0;
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling())
+        if (child.type() == pugi::node_element)
+            ++n;
+    return n;
+}
+
+pugi::xml_node childAt(pugi::xml_node node, size_t index) {
+    if (!node)
+        throw std::out_of_range("child " + std::to_string(index) + " of a missing node");
+    size_t i = 0;
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+        if (child.type() != pugi::node_element)
+            continue;
+        if (i++ == index)
+            return child;
+    }
+    throw std::out_of_range("child " + std::to_string(index) + " of " + describe(node) +
+                            " is missing");
+}
+
+std::string childText(pugi::xml_node node, size_t index) { return nodeText(childAt(node, index)); }
+
+void setChildText(pugi::xml_node node, size_t index, std::string_view text) {
+    setNodeText(childAt(node, index), text);
+}
+
+pugi::xml_node appendTextElement(pugi::xml_node parent, std::string_view name,
+                                 std::string_view text) {
+    requireNode(parent, "appending an element");
+    pugi::xml_node element = parent.append_child(std::string(name).c_str());
+    setNodeText(element, text);
+    return element;
+}
+
+std::string attributeText(std::string_view name, pugi::xml_node node) {
+    requireNode(node, "reading an attribute");
+    return node.attribute(std::string(name).c_str()).value();
+}
+
+void setAttributeText(std::string_view value, std::string_view name, pugi::xml_node node) {
+    requireNode(node, "setting an attribute");
+    pugi::xml_attribute attr = node.attribute(std::string(name).c_str());
+    if (!attr)
+        throw std::runtime_error("attribute '" + std::string(name) + "' does not exist on " +
+                                 describe(node));
+    attr.set_value(std::string(value).c_str());
+}
+
+}  // namespace tallix

@@ -1,0 +1,54 @@
+#pragma once
+// Element names and fixed words of the data and index files. The misspellings
+// "catagories" and "categoty" are part of the format and must stay.
+#include <array>
+#include <string_view>
+
+namespace tallix::schema {
+
+inline constexpr std::string_view kRootElement = "tallix";
+
+// The containers of a year file, in the order the templates write them.
+inline constexpr std::array<std::string_view, 8> kContainers = {
+    "register", "registercolumns", "financial-institutions", "catagories",
+    "income",   "receivables",     "rmds",                   "descriptions"};
+
+// The twelve children of a register line, by position.
+inline constexpr std::array<std::string_view, 12> kLineChildren = {
+    "day",         "expense",     "debit",   "check", "categoty",   "status",
+    "description", "institution", "account", "info",  "accumulate", "typeofentry"};
+
+enum LineChild : int {
+    kDay = 0,
+    kExpense,
+    kDebit,
+    kCheck,
+    kCategoty,
+    kStatus,
+    kDescription,
+    kInstitution,
+    kAccount,
+    kInfo,
+    kAccumulate,
+    kTypeOfEntry
+};
+
+// Titles of the field columns that every year file must define.
+inline constexpr std::array<std::string_view, 12> kFieldColumnTitles = {
+    "Expense",     "B",           "Amount",  "Check", "Category",   "Status",
+    "Description", "Institution", "Account", "Info",  "Accumulate", "Typeofentry"};
+
+inline constexpr std::string_view kBanksId = "banks";
+inline constexpr std::string_view kCreditCardsId = "creditcards";
+
+// Index-file results that are not file names.
+inline constexpr std::string_view kNoEntryForYear = "no entry for year ";
+inline constexpr std::string_view kNoFileForThisYear = "no file for this year";
+inline constexpr std::string_view kNotInitialized = "not initialized";
+inline constexpr std::string_view kInitialized = "initialized";
+
+inline constexpr std::string_view kFirstIndexFile = "first_tallix.xml";
+inline constexpr std::string_view kBlankYearFile = "blank_tallix.xml";
+inline constexpr std::string_view kIndexFile = "tallix.xml";
+
+}  // namespace tallix::schema

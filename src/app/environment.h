@@ -13,7 +13,7 @@ struct Date {
 };
 
 class Environment {
-public:
+  public:
     virtual ~Environment() = default;
 
     virtual Date today() const = 0;

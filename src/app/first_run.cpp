@@ -46,8 +46,7 @@ void loadOrCreateIndex(Session& session) {
     if (!session.index.loadFailed())
         return;
     keepUnreadableIndex(session.indexPath());
-    session.index =
-        Document::load(session.inDataFolder(std::string(schema::kFirstIndexFile)));
+    session.index = Document::load(session.inDataFolder(std::string(schema::kFirstIndexFile)));
     session.saveIndex();
 }
 

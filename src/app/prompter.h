@@ -11,7 +11,7 @@ namespace tallix {
 enum class Answer { Yes, No, Cancel };
 
 class Prompter {
-public:
+  public:
     virtual ~Prompter() = default;
 
     // An OK-only notice; it cannot stop what is going on.

@@ -11,7 +11,9 @@ Session::Session(Environment& env, Prompter& prompter) : env_(env), prompter_(pr
     month = today.month;
 }
 
-std::filesystem::path Session::dataFolder() const { return env_.dataRoot() / "tallix"; }
+std::filesystem::path Session::dataFolder() const {
+    return env_.dataRoot() / "tallix";
+}
 
 std::filesystem::path Session::indexPath() const {
     return dataFolder() / std::string(schema::kIndexFile);
@@ -27,15 +29,21 @@ void Session::openDataFile(const std::string& bareName) {
     data = Document::load(filePath);
 }
 
-void Session::saveData() const { data.save(filePath); }
+void Session::saveData() const {
+    data.save(filePath);
+}
 
-void Session::saveIndex() const { index.save(indexPath()); }
+void Session::saveIndex() const {
+    index.save(indexPath());
+}
 
 void Session::setYear(int newYear) {
     year = newYear;
     yearText = std::to_string(newYear);
 }
 
-std::string Session::title() const { return monthName(month) + " " + yearText; }
+std::string Session::title() const {
+    return monthName(month) + " " + yearText;
+}
 
 }  // namespace tallix

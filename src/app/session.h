@@ -11,7 +11,7 @@
 namespace tallix {
 
 class Session {
-public:
+  public:
     Session(Environment& env, Prompter& prompter);
 
     Environment& env() { return env_; }
@@ -41,7 +41,7 @@ public:
     // "<Month> <year>", the main window's title.
     std::string title() const;
 
-private:
+  private:
     Environment& env_;
     Prompter& prompter_;
 };

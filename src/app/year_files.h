@@ -16,13 +16,15 @@ inline constexpr const char* kNoFileForCurrentYear =
     "be loaded so you then can create a data file for the current year. After the previous year "
     "is loaded select 'Tools' > 'make next year' to create the current year's datafile based on "
     "previous year's file";
-inline constexpr const char* kLoadPreviousYear = "Do you want to load the previous years data file or";
+inline constexpr const char* kLoadPreviousYear =
+    "Do you want to load the previous years data file or";
 inline constexpr const char* kNoPreviousYearEntry =
     "Since there is no previous year file entry defined in the main xml file and one exits click "
     "YES and a file dialog will open to allow you to locate and open it. \n It will be save in "
     "the app will start using that file name. If there no previous data file then a blank one "
     "will be placed  in the app and processing wil/ start with that data";
-inline constexpr const char* kLoadBlankForThisYear = "Do you want to load a blank data file for this year";
+inline constexpr const char* kLoadBlankForThisYear =
+    "Do you want to load a blank data file for this year";
 inline constexpr const char* kNoDataFileForSelectedYear =
     "There is no data file for the year you have selected. Do you want to load one?";
 }  // namespace year_texts

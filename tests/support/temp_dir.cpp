@@ -35,6 +35,8 @@ void writeFile(const std::filesystem::path& path, const std::string& bytes) {
         throw std::runtime_error("cannot write " + path.string());
 }
 
-std::filesystem::path sourceDir() { return TALLIX_SOURCE_DIR; }
+std::filesystem::path sourceDir() {
+    return TALLIX_SOURCE_DIR;
+}
 
 }  // namespace tallix::test

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace tallix {
+
+class Session;
+
+// The file side of start-up: installs what a first run lacks, loads (or
+// creates) the index, chooses the year's data file, asking where the index
+// has none, and opens it. Throws on failure; the caller's guard reports it.
+void openYearAtStartup(Session& session);
+
+}  // namespace tallix

@@ -1,0 +1,51 @@
+#include "ui/desktop_environment.h"
+
+#include <QDate>
+#include <QDesktopServices>
+#include <QStandardPaths>
+#include <QStorageInfo>
+#include <QUrl>
+
+namespace tallix::ui {
+namespace {
+
+std::filesystem::path standardFolder(QStandardPaths::StandardLocation where) {
+    return QStandardPaths::writableLocation(where).toStdString();
+}
+
+}  // namespace
+
+DesktopEnvironment::DesktopEnvironment(std::filesystem::path dataRootOverride)
+    : dataRootOverride_(std::move(dataRootOverride)) {}
+
+Date DesktopEnvironment::today() const {
+    QDate d = QDate::currentDate();
+    return {d.year(), d.month(), d.day()};
+}
+
+std::filesystem::path DesktopEnvironment::dataRoot() const {
+    if (!dataRootOverride_.empty())
+        return dataRootOverride_;
+    return standardFolder(QStandardPaths::GenericDataLocation);
+}
+
+std::filesystem::path DesktopEnvironment::documentsFolder() const {
+    return standardFolder(QStandardPaths::DocumentsLocation);
+}
+
+std::optional<std::filesystem::path> DesktopEnvironment::cloudDriveRoot() const {
+    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes())
+        if (volume.isValid() && volume.name() == QStringLiteral("Google Drive"))
+            return volume.rootPath().toStdString();
+    return std::nullopt;
+}
+
+bool DesktopEnvironment::openWithViewer(const std::filesystem::path& file) {
+    // The desktop services answer true for a missing file: look first.
+    if (!std::filesystem::exists(file))
+        return false;
+    return QDesktopServices::openUrl(
+        QUrl::fromLocalFile(QString::fromStdString(std::filesystem::absolute(file).string())));
+}
+
+}  // namespace tallix::ui

@@ -1,0 +1,249 @@
+#include <gtest/gtest.h>
+
+#include "app/first_run.h"
+#include "app/session.h"
+#include "app/year_files.h"
+#include "data/node_text.h"
+#include "data/query.h"
+#include "data/year_lookup.h"
+#include "support/scripted.h"
+#include "support/temp_dir.h"
+
+namespace tallix {
+namespace {
+
+using test::readFile;
+using test::writeFile;
+
+// A data folder as a first run leaves it, on 15 March 2026.
+class YearFilesTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        env.root = tmp / "root";
+        env.documents = tmp / "docs";
+        installMissingFiles(session.dataFolder(), env.documents);
+        loadOrCreateIndex(session);
+    }
+
+    // Gives `year` the entry (file, status) and saves the index.
+    void setEntry(const std::string& year, const std::string& file, const std::string& status) {
+        pugi::xml_node entry = yearEntry(session.index.node(), year);
+        ASSERT_TRUE(entry) << year;
+        setChildText(entry, 0, file);
+        setChildText(entry, 1, status);
+        session.saveIndex();
+    }
+    void removeEntry(const std::string& year) {
+        pugi::xml_node entry = yearEntry(session.index.node(), year);
+        entry.parent().remove_child(entry);
+        session.saveIndex();
+    }
+    void makeYearFile(const std::string& name) {
+        std::filesystem::copy_file(session.inDataFolder("blank_tallix.xml"),
+                                   session.inDataFolder(name));
+    }
+    std::string indexEntryText(const std::string& year, size_t child) {
+        Document onDisk = Document::load(session.indexPath());
+        return childText(yearEntry(onDisk.node(), year), child);
+    }
+
+    test::TempDir tmp;
+    test::FixedEnvironment env;
+    test::ScriptedPrompter prompter;
+    Session session{env, prompter};
+};
+
+TEST_F(YearFilesTest, FirstRunInstallsTemplatesAndCreatesTheIndexFromTheFirstTemplate) {
+    EXPECT_TRUE(std::filesystem::exists(session.inDataFolder("blank_tallix.xml")));
+    EXPECT_TRUE(std::filesystem::is_directory(env.documents / "tallix" / "backup"));
+    EXPECT_EQ(readFile(session.indexPath()), readFile(session.inDataFolder("first_tallix.xml")));
+    for (const std::string& year : yearsMenuItems())
+        EXPECT_EQ(yearLookup(session.index.node(), year), "no file for this year") << year;
+
+    // A second run neither replaces the templates nor the index.
+    writeFile(session.inDataFolder("blank_tallix.xml"), "<tallix>mine</tallix>");
+    setEntry("2026", "tallix2026.xml", "initialized");
+    installMissingFiles(session.dataFolder(), env.documents);
+    loadOrCreateIndex(session);
+    EXPECT_EQ(readFile(session.inDataFolder("blank_tallix.xml")), "<tallix>mine</tallix>");
+    EXPECT_EQ(yearLookup(session.index.node(), "2026"), "tallix2026.xml");
+}
+
+TEST_F(YearFilesTest, AnUnreadableIndexIsKeptAsideWhenTheFirstTemplateReplacesIt) {
+    writeFile(session.indexPath(), "<tallix><year year='2026'>");
+    testing::internal::CaptureStdout();
+    loadOrCreateIndex(session);
+    EXPECT_NE(testing::internal::GetCapturedStdout().find("Failed to load DOM from stocks.xml."),
+              std::string::npos);
+    EXPECT_FALSE(session.index.loadFailed());
+    auto aside = session.indexPath();
+    aside += ".unreadable";
+    EXPECT_EQ(readFile(aside), "<tallix><year year='2026'>");
+}
+
+TEST_F(YearFilesTest, StartupOpensTheIndexedFileWithoutAsking) {
+    setEntry("2026", "tallix2026.xml", "initialized");
+    EXPECT_EQ(chooseStartupFile(session), "tallix2026.xml");
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_EQ(session.year, 2026);
+}
+
+TEST_F(YearFilesTest, StartupWithoutAnEntryUsesTheLookupTextAsFileName) {
+    removeEntry("2026");
+    std::string name = chooseStartupFile(session);
+    EXPECT_EQ(name, "no entry for year 2026");
+    EXPECT_TRUE(prompter.shown.empty());
+    testing::internal::CaptureStdout();
+    session.openDataFile(name);
+    EXPECT_NE(testing::internal::GetCapturedStdout().find("Failed to load DOM"), std::string::npos);
+    EXPECT_TRUE(session.data.loadFailed());
+}
+
+TEST_F(YearFilesTest, StartupWithoutAFileOffersThePreviousYear) {
+    setEntry("2025", "tallix2025.xml", "initialized");
+    for (Answer answer : {Answer::Yes, Answer::Cancel}) {
+        session.setYear(2026);
+        prompter.shown.clear();
+        prompter.answers = {answer};
+        EXPECT_EQ(chooseStartupFile(session), "tallix2025.xml");
+        EXPECT_EQ(session.year, 2025);
+        EXPECT_EQ(session.yearText, "2025");
+        ASSERT_EQ(prompter.shown.size(), 2u);
+        EXPECT_EQ(prompter.shown[0], year_texts::kNoFileForCurrentYear);
+        EXPECT_EQ(prompter.shown[1], "Do you want to load the previous years data file or");
+    }
+}
+
+TEST_F(YearFilesTest, ThePreviousYearsLookupTextIsTakenAsItStands) {
+    prompter.answers = {Answer::Yes};
+    EXPECT_EQ(chooseStartupFile(session), "no file for this year");
+
+    removeEntry("2025");
+    session.setYear(2026);
+    prompter.answers = {Answer::Yes};
+    EXPECT_EQ(chooseStartupFile(session), "no entry for year 2025");
+    EXPECT_EQ(prompter.shown.size(), 4u);
+}
+
+TEST_F(YearFilesTest, StartupCanBeginTheYearFromTheBlankTemplate) {
+    prompter.answers = {Answer::No, Answer::Yes};
+    EXPECT_EQ(chooseStartupFile(session), "blank_tallix.xml");
+    EXPECT_EQ(prompter.shown.back(), "Do you want to load a blank data file for this year");
+    EXPECT_EQ(indexEntryText("2026", 0), "blank_tallix.xml");
+    EXPECT_EQ(session.year, 2026);
+    EXPECT_EQ(selectAll(session.data.node(), paths::kAllMonths).size(), 12u);
+}
+
+TEST_F(YearFilesTest, DecliningTheBlankYearLeavesNoFileToOpen) {
+    for (Answer second : {Answer::No, Answer::Cancel}) {
+        std::string before = readFile(session.indexPath());
+        prompter.answers = {Answer::No, second};
+        EXPECT_EQ(chooseStartupFile(session), "no file for this year");
+        EXPECT_EQ(readFile(session.indexPath()), before);
+    }
+}
+
+TEST_F(YearFilesTest, AnEmptyPreviousYearAsksToLocateAFileOrStartsBlank) {
+    // Only an empty year text yields exactly "no entry for year ".
+    makeYearFile("old.xml");
+    prompter.answers = {Answer::Yes};
+    prompter.files = {session.inDataFolder("old.xml")};
+    testing::internal::CaptureStdout();
+    std::string picked = choosePreviousYearFile(session, "");
+    testing::internal::GetCapturedStdout();
+    EXPECT_EQ(prompter.shown.front(), year_texts::kNoPreviousYearEntry);
+    // The index has no entry for an empty year: the pick is reported, not recorded.
+    EXPECT_EQ(picked, "0");
+    EXPECT_EQ(prompter.shown.back(), "runtime error in getfile() ");
+
+    // No starts from the blank template under the year's default name, which
+    // for an empty year would be the index itself: that is never replaced.
+    std::string index = readFile(session.indexPath());
+    prompter.answers = {Answer::No};
+    EXPECT_EQ(choosePreviousYearFile(session, ""), "tallix.xml");
+    EXPECT_EQ(readFile(session.indexPath()), index);
+}
+
+TEST_F(YearFilesTest, GetfileRecordsThePickedFileInTheIndex) {
+    makeYearFile("household.xml");
+    prompter.files = {session.inDataFolder("household.xml")};
+    EXPECT_EQ(getfile(session, "2024"), "household.xml");
+    EXPECT_EQ(indexEntryText("2024", 0), "household.xml");
+    EXPECT_EQ(indexEntryText("2024", 1), "initialized");
+    EXPECT_FALSE(session.data.loadFailed());
+    EXPECT_EQ(yearLookup(session.index.node(), "2024"), "household.xml");
+}
+
+TEST_F(YearFilesTest, GetfileCopiesAFileFromElsewhereIntoTheDataFolder) {
+    std::filesystem::copy_file(session.inDataFolder("blank_tallix.xml"), tmp / "away.xml");
+    prompter.files = {tmp / "away.xml"};
+    EXPECT_EQ(getfile(session, "2023"), "away.xml");
+    EXPECT_EQ(readFile(session.inDataFolder("away.xml")), readFile(tmp / "away.xml"));
+
+    // A different file of the same name in the data folder is never replaced.
+    writeFile(tmp / "away.xml", "<tallix/>");
+    prompter.files = {tmp / "away.xml"};
+    EXPECT_EQ(getfile(session, "2023"), "0");
+    EXPECT_EQ(prompter.shown.back(), "runtime error in getfile() ");
+    EXPECT_NE(readFile(session.inDataFolder("away.xml")), "<tallix/>");
+}
+
+TEST_F(YearFilesTest, ACancelledPickChangesNothing) {
+    std::string before = readFile(session.indexPath());
+    prompter.files = {std::nullopt};
+    EXPECT_EQ(getfile(session, "2024"), "");
+    EXPECT_EQ(readFile(session.indexPath()), before);
+    EXPECT_TRUE(prompter.shown.empty());
+}
+
+TEST_F(YearFilesTest, TheYearsMenuSwitchesToAnIndexedYear) {
+    makeYearFile("tallix2024.xml");
+    setEntry("2024", "tallix2024.xml", "initialized");
+    EXPECT_TRUE(processprevyearrequest(session, "2024"));
+    EXPECT_EQ(session.year, 2024);
+    EXPECT_EQ(session.fileName, "tallix2024.xml");
+    EXPECT_EQ(session.filePath, session.inDataFolder("tallix2024.xml"));
+    EXPECT_EQ(session.title(), "March 2024");
+    EXPECT_FALSE(session.data.loadFailed());
+    EXPECT_TRUE(prompter.shown.empty());
+}
+
+TEST_F(YearFilesTest, TheYearsMenuAsksForAFileWhereTheYearHasNone) {
+    setEntry("2023", "not initialized", "");
+    prompter.answers = {Answer::No};
+    EXPECT_FALSE(processprevyearrequest(session, "2023"));
+    EXPECT_EQ(prompter.shown.back(), year_texts::kNoDataFileForSelectedYear);
+    EXPECT_EQ(session.year, 2026);
+
+    // An entry without a file asks the same question; Yes picks one.
+    makeYearFile("picked.xml");
+    prompter.answers = {Answer::Yes};
+    prompter.files = {session.inDataFolder("picked.xml")};
+    EXPECT_TRUE(processprevyearrequest(session, "2027"));
+    EXPECT_EQ(session.fileName, "picked.xml");
+    EXPECT_EQ(session.year, 2027);
+    EXPECT_EQ(indexEntryText("2027", 0), "picked.xml");
+}
+
+TEST_F(YearFilesTest, TheYearsMenuOnAYearWithoutEntryOpensNothing) {
+    testing::internal::CaptureStdout();
+    EXPECT_TRUE(processprevyearrequest(session, "2031"));
+    EXPECT_NE(testing::internal::GetCapturedStdout().find("Failed to load DOM"), std::string::npos);
+    EXPECT_EQ(session.fileName, "no entry for year 2031");
+    EXPECT_TRUE(session.data.loadFailed());
+}
+
+TEST_F(YearFilesTest, TheYearsMenuReportsAnErrorAndKeepsTheYear) {
+    EXPECT_FALSE(processprevyearrequest(session, "twenty"));
+    EXPECT_EQ(prompter.shown.back(), "runtime error in processprevyearrequest() ");
+    EXPECT_EQ(session.year, 2026);
+}
+
+TEST(YearsMenu, ListsTheNineYears) {
+    std::vector<std::string> expected = {"2022", "2023", "2024", "2025", "2026",
+                                         "2027", "2028", "2029", "2030"};
+    EXPECT_EQ(yearsMenuItems(), expected);
+}
+
+}  // namespace
+}  // namespace tallix

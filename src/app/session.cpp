@@ -5,10 +5,24 @@
 
 namespace tallix {
 
+namespace {
+
+bool isCalendarDate(const Date& d) {
+    static constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (d.month < 1 || d.month > 12 || d.day < 1)
+        return false;
+    bool leap = (d.year % 4 == 0 && d.year % 100 != 0) || d.year % 400 == 0;
+    return d.day <= kDays[d.month - 1] + (d.month == 2 && leap ? 1 : 0);
+}
+
+}  // namespace
+
 Session::Session(Environment& env, Prompter& prompter) : env_(env), prompter_(prompter) {
-    Date today = env_.today();
+    today = env_.today();
+    todayValid = isCalendarDate(today);
     setYear(today.year);
     month = today.month;
+    firstWeekdayOfMonth = dayOfWeek(1, today.month, today.year);
 }
 
 std::filesystem::path Session::dataFolder() const {

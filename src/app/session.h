@@ -38,6 +38,12 @@ class Session {
     int month = 1;
     void setYear(int newYear);
 
+    // Today's date as read at start-up: whether it is a real calendar date,
+    // and the weekday ("Sun".."Sat") the current month began on.
+    Date today;
+    bool todayValid = false;
+    std::string firstWeekdayOfMonth;
+
     // "<Month> <year>", the main window's title.
     std::string title() const;
 

@@ -1,0 +1,97 @@
+// The main window's menu bar and picture buttons and where their commands go.
+#include <QMenu>
+#include <QMenuBar>
+
+#include "app/customers.h"
+#include "app/data_commands.h"
+#include "app/guard.h"
+#include "app/session.h"
+#include "app/year_files.h"
+#include "ui/picture_buttons.h"
+#include "ui/tallix_dlg.h"
+
+namespace tallix::ui {
+namespace {
+
+// Commands whose dialogs and engines come in later versions.
+constexpr const char* kManageItems[] = {
+    "Expense",     "Category",    "Income", "Bank or Institution",
+    "Credit Card", "Description", "RMD",    "Receivables"};
+constexpr const char* kReportItems[] = {"Expense Year to date totals", "Monthly expense totals",
+                                        "Monthly Receivable Totals ",
+                                        "Receivable Year to date totals"};
+
+}  // namespace
+
+void CTallixDlg::showNotAvailable(const QString& command) {
+    session_.prompter().notify(
+        (QStringLiteral("\"%1\" is not available yet in this version of Tallix.")
+             .arg(command.trimmed()))
+            .toStdString());
+}
+
+void CTallixDlg::buildMenus() {
+    auto notYet = [this](QMenu* menu, const QString& text) {
+        menu->addAction(text, this, [this, text] { showNotAvailable(text); });
+    };
+
+    QMenu* file = menuBar_->addMenu(QStringLiteral("File"));
+    file->addAction(QStringLiteral("Exit"), this, &CTallixDlg::OnBnClickedCancel);
+
+    QMenu* manage = menuBar_->addMenu(QStringLiteral("Manage"));
+    for (const char* item : kManageItems)
+        notYet(manage, QString::fromLatin1(item));
+
+    QMenu* tools = menuBar_->addMenu(QStringLiteral("Tools"));
+    notYet(tools, QStringLiteral("Refresh"));
+    notYet(tools, QStringLiteral("Recurring expenses"));
+    QMenu* reports = tools->addMenu(QStringLiteral("Reports"));
+    for (const char* item : kReportItems)
+        notYet(reports, QString::fromLatin1(item));
+    notYet(tools, QStringLiteral("Make next year"));
+    notYet(tools, QStringLiteral("Update all months"));
+
+    QMenu* years = menuBar_->addMenu(QStringLiteral("Years"));
+    for (const std::string& year : yearsMenuItems()) {
+        QString text = QString::fromStdString(year);
+        years->addAction(text, this, [this, text] { OnYearsMenu(text); });
+    }
+
+    menuBar_->addAction(QStringLiteral("Help"), this, [this] {
+        guarded(session_.prompter(), "OnHelp", [&] { openHelp(session_); });
+    });
+
+    QMenu* dataMenu = menuBar_->addMenu(QStringLiteral("Data"));
+    dataMenu->addAction(QStringLiteral("Save data file"), this, [this] {
+        guarded(session_.prompter(), "OnDataSavedatafile", [&] { offerSaveDataFile(session_); });
+    });
+    dataMenu->addAction(QStringLiteral("Display data file"), this, [this] {
+        guarded(session_.prompter(), "OnDataDisplaydatafile", [&] { displayDataFile(session_); });
+    });
+}
+
+void CTallixDlg::buildCustomersMenu() {
+    if (!customersMenu_)
+        customersMenu_ = menuBar_->addMenu(QStringLiteral("Customers"));
+    customersMenu_->clear();
+    int command = kFirstCustomerCommand;
+    for (const std::string& name : customerNames(session_.data)) {
+        if (command > kLastCustomerCommand)
+            break;
+        QAction* item = customersMenu_->addAction(QString::fromStdString(name));
+        item->setData(command);
+        connect(item, &QAction::triggered, this, [this, command] { OnCustomerCommand(command); });
+        ++command;
+    }
+}
+
+void CTallixDlg::connectPictureButtons() {
+    static const char* const kTaskNames[] = {"Refresh",     "Update",      "Expense",
+                                             "Income",      "Receivables", "Bank or Institution",
+                                             "Credit Card", "Description", "Category"};
+    connect(pictureButtons_, &PictureButtons::clicked, this, [this](PictureButtons::Task task) {
+        showNotAvailable(QString::fromLatin1(kTaskNames[task]));
+    });
+}
+
+}  // namespace tallix::ui

@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "app/backups.h"
+#include "app/data_commands.h"
+#include "app/instance_lock.h"
+#include "app/session.h"
+#include "support/scripted.h"
+#include "support/temp_dir.h"
+
+namespace tallix {
+namespace {
+
+using test::readFile;
+
+class BackupsTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        env.root = tmp / "root";
+        env.documents = tmp / "docs";
+        std::filesystem::create_directories(env.documents / "tallix" / "backup");
+        std::filesystem::create_directories(session.dataFolder());
+        std::filesystem::copy_file(test::sourceDir() / "res" / "blank_tallix.xml",
+                                   session.inDataFolder("tallix2026.xml"));
+        session.openDataFile("tallix2026.xml");
+    }
+    std::filesystem::path localBackup() const {
+        return env.documents / "tallix" / "backup" / "tallix2026.xml";
+    }
+
+    test::TempDir tmp;
+    test::FixedEnvironment env;
+    test::ScriptedPrompter prompter;
+    Session session{env, prompter};
+};
+
+TEST_F(BackupsTest, StartupCreatesTheCloudFolderOrSaysThereIsNoCloudDrive) {
+    checkBackupTarget(session);
+    ASSERT_EQ(prompter.shown.size(), 1u);
+    EXPECT_EQ(prompter.shown[0], backup_texts::kNoCloudDrive);
+
+    prompter.shown.clear();
+    env.cloud = tmp / "gdrive";
+    std::filesystem::create_directories(*env.cloud);
+    checkBackupTarget(session);
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_TRUE(std::filesystem::is_directory(tmp / "gdrive" / "My Drive" / "tallix" / "backup"));
+
+    // A drive where the folder cannot be made (a file stands in the way).
+    env.cloud = tmp / "blocked";
+    test::writeFile(tmp / "blocked", "not a folder");
+    checkBackupTarget(session);
+    ASSERT_EQ(prompter.shown.size(), 1u);
+    EXPECT_EQ(prompter.shown[0], "no directory was created on google drive");
+}
+
+TEST_F(BackupsTest, ExitWritesTheLocalAndTheCloudCopy) {
+    env.cloud = tmp / "gdrive";
+    std::filesystem::create_directories(tmp / "gdrive" / "My Drive" / "tallix" / "backup");
+    writeExitBackups(session);
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_EQ(readFile(localBackup()), readFile(session.filePath));
+    EXPECT_EQ(readFile(tmp / "gdrive" / "My Drive" / "tallix" / "backup" / "tallix2026.xml"),
+              readFile(session.filePath));
+}
+
+TEST_F(BackupsTest, ExitWithoutTheCloudFolderWarnsOnceAndWritesTheLocalCopy) {
+    env.cloud = tmp / "gdrive";  // a drive, but without the backup folder
+    writeExitBackups(session);
+    ASSERT_EQ(prompter.shown.size(), 1u);
+    EXPECT_EQ(prompter.shown[0], backup_texts::kNoCloudFolderOnExit);
+    EXPECT_EQ(readFile(localBackup()), readFile(session.filePath));
+    EXPECT_FALSE(std::filesystem::exists(tmp / "gdrive" / "My Drive"));
+}
+
+TEST_F(BackupsTest, AMissingLocalBackupFolderFailsTheExit) {
+    std::filesystem::remove_all(env.documents / "tallix");
+    EXPECT_THROW(writeExitBackups(session), std::runtime_error);
+    EXPECT_FALSE(std::filesystem::exists(env.documents / "tallix"));
+}
+
+TEST_F(BackupsTest, AFileThatCouldNotBeReadIsNotBackedUp) {
+    test::writeFile(localBackup(), "the last good backup");
+    test::writeFile(session.filePath, "<tallix><broken>");
+    testing::internal::CaptureStdout();
+    session.openDataFile("tallix2026.xml");
+    testing::internal::GetCapturedStdout();
+    writeExitBackups(session);
+    EXPECT_EQ(readFile(localBackup()), "the last good backup");
+}
+
+// Runs `body` with the working directory set to `folder`.
+template <typename Body>
+void inFolder(const std::filesystem::path& folder, Body body) {
+    auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder);
+    body();
+    std::filesystem::current_path(before);
+}
+
+TEST_F(BackupsTest, DataAndHelpOpenFromTheWorkingDirectory) {
+    inFolder(tmp.path(), [&] {
+        displayDataFile(session);
+        openHelp(session);
+    });
+    EXPECT_EQ(prompter.shown, (std::vector<std::string>{"XML not found", "pdf not found"}));
+    EXPECT_TRUE(env.opened.empty());
+
+    prompter.shown.clear();
+    inFolder(session.dataFolder(), [&] { displayDataFile(session); });
+    test::writeFile(tmp / "tallix_help.pdf", "%PDF");
+    env.viewerWorks = false;  // a viewer failure is not reported
+    inFolder(tmp.path(), [&] { openHelp(session); });
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_EQ(env.opened,
+              (std::vector<std::filesystem::path>{"tallix2026.xml", "tallix_help.pdf"}));
+}
+
+TEST_F(BackupsTest, SaveDataFileWritesNothing) {
+    prompter.files = {tmp / "copy.xml"};
+    std::string before = readFile(session.filePath);
+    offerSaveDataFile(session);
+    EXPECT_TRUE(prompter.files.empty());
+    EXPECT_FALSE(std::filesystem::exists(tmp / "copy.xml"));
+    EXPECT_EQ(readFile(session.filePath), before);
+}
+
+TEST(InstanceLock, ASecondProgramIsRefusedUntilTheFirstEnds) {
+    test::TempDir tmp;
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    pid_t first = fork();
+    ASSERT_GE(first, 0);
+    if (first == 0) {
+        auto lock = InstanceLock::acquire(tmp.path());
+        char ok = lock ? 'y' : 'n';
+        (void)!write(ready[1], &ok, 1);
+        pause();  // held until killed
+        _exit(0);
+    }
+    char ok = 0;
+    ASSERT_EQ(read(ready[0], &ok, 1), 1);
+    ASSERT_EQ(ok, 'y');
+
+    EXPECT_FALSE(InstanceLock::acquire(tmp.path()).has_value());
+
+    kill(first, SIGKILL);  // a crash: the lock file stays behind
+    waitpid(first, nullptr, 0);
+    EXPECT_TRUE(std::filesystem::exists(tmp / ".tallix.lock"));
+    auto lock = InstanceLock::acquire(tmp.path());
+    EXPECT_TRUE(lock.has_value());
+    close(ready[0]);
+    close(ready[1]);
+}
+
+}  // namespace
+}  // namespace tallix

@@ -1,9 +1,66 @@
-#include <cstdio>
-#include <string>
+// tallix-cli: the program's headless companion. One command per invocation:
+//   tallix-cli COMMAND [ARGUMENTS...]
+// Each command lives in its own file and is listed in kCommands below.
+#include <array>
+#include <exception>
+#include <iostream>
+#include <string_view>
+
+#include "cli/commands.h"
+
+namespace {
+
+using tallix::cli::Command;
+
+constexpr std::array<Command, 1> kCommands = {{
+    {"check", "FILE",
+     "report what a year data file or the index file lacks or holds out of shape, one line "
+     "per fault; exit status 1 when there is any",
+     tallix::cli::runCheck},
+}};
+
+void printUsage(std::ostream& to) {
+    to << "usage: tallix-cli COMMAND [ARGUMENTS...]\n\ncommands:\n";
+    for (const Command& command : kCommands)
+        to << "  " << command.name << ' ' << command.arguments << "\n      " << command.summary
+           << '\n';
+    to << "  help\n      show this text\n"
+       << "\nexit status: 0 done, 1 faults found, 2 wrong command or arguments, 3 failed\n";
+}
+
+int run(int argc, char** argv) {
+    if (argc < 2) {
+        printUsage(std::cerr);
+        return tallix::cli::kUsage;
+    }
+    std::string_view name = argv[1];
+    if (name == "help" || name == "--help" || name == "-h") {
+        printUsage(std::cout);
+        return tallix::cli::kOk;
+    }
+    for (const Command& command : kCommands) {
+        if (command.name != name)
+            continue;
+        tallix::cli::Arguments arguments(argv + 2, argv + argc);
+        int status = command.run(arguments, std::cout, std::cerr);
+        if (status == tallix::cli::kUsage)
+            printUsage(std::cerr);
+        return status;
+    }
+    std::cerr << "tallix-cli: unknown command '" << name << "'\n\n";
+    printUsage(std::cerr);
+    return tallix::cli::kUsage;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-    (void)argc;
-    (void)argv;
-    std::fprintf(stderr, "usage: tallix-cli COMMAND ...\n");
-    return 2;
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& e) {
+        std::cerr << "tallix-cli: " << e.what() << '\n';
+    } catch (...) {
+        std::cerr << "tallix-cli: unknown error\n";
+    }
+    return tallix::cli::kFailed;
 }

@@ -1,0 +1,31 @@
+#pragma once
+// The commands of tallix-cli. Each takes the arguments after its name and
+// returns the exit status; main.cpp turns a name into a command and prints the
+// usage text. A command writes its findings to `out` and notices to `err`.
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tallix::cli {
+
+using Arguments = std::vector<std::string>;
+
+// Exit statuses shared by all commands.
+inline constexpr int kOk = 0;
+inline constexpr int kFaultsFound = 1;
+inline constexpr int kUsage = 2;
+inline constexpr int kFailed = 3;
+
+struct Command {
+    std::string_view name;
+    std::string_view arguments;  // as shown in the usage text
+    std::string_view summary;
+    int (*run)(const Arguments& arguments, std::ostream& out, std::ostream& err);
+};
+
+// check FILE: one line per structural fault on `out`; kFaultsFound when there
+// is any, kOk otherwise; kUsage for anything but one FILE.
+int runCheck(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+}  // namespace tallix::cli

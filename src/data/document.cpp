@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 
@@ -18,13 +19,13 @@ constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_declaration
                                    pugi::parse_comments | pugi::parse_pi | pugi::parse_doctype;
 
 class StringWriter : public pugi::xml_writer {
-public:
+  public:
     explicit StringWriter(std::string& out) : out_(out) {}
     void write(const void* data, size_t size) override {
         out_.append(static_cast<const char*>(data), size);
     }
 
-private:
+  private:
     std::string& out_;
 };
 
@@ -78,10 +79,25 @@ Document Document::parse(std::string_view xml, const std::filesystem::path& labe
     d.source_ = label;
     std::string converted;
     pugi::xml_encoding encoding = pugi::encoding_auto;
-    if (isWindows1252(declaredEncoding(xml))) {
+    const std::string declared = declaredEncoding(xml);
+    if (isWindows1252(declared)) {
         converted = windows1252ToUtf8(xml);
         xml = converted;
         encoding = pugi::encoding_utf8;
+    } else if (!parserReadsEncoding(declared)) {
+        // Any other declared encoding (ISO-8859-15, windows-1250, ...) is
+        // decoded here: the parser would keep its bytes as they are, and the
+        // save would then label them UTF-8.
+        try {
+            if (std::optional<std::string> utf8 = convertToUtf8(xml, declared)) {
+                converted = std::move(*utf8);
+                xml = converted;
+                encoding = pugi::encoding_utf8;
+            }
+        } catch (const std::runtime_error& e) {
+            d.markFailed(e.what());
+            return d;
+        }
     }
     pugi::xml_parse_result result =
         d.doc_->load_buffer(xml.data(), xml.size(), kParseOptions, encoding);
@@ -109,16 +125,16 @@ Document Document::load(const std::filesystem::path& path) {
 std::string Document::serialize() const {
     std::string out;
     StringWriter writer(out);
-    doc_->save(writer, "  ", pugi::format_default, pugi::encoding_utf8);
+    doc_->save(writer, "  ", pugi::format_default | pugi::format_no_empty_element_tags,
+               pugi::encoding_utf8);
     return escapeCarriageReturns(out);
 }
 
 void Document::save(const std::filesystem::path& path) const {
     if (loadFailed()) {
-        throw std::runtime_error("nothing was saved to " + path.string() + ": the file " +
-                                 source_.string() +
-                                 " could not be read, so its empty copy is not written (" +
-                                 loadError_ + ")");
+        throw std::runtime_error(
+            "nothing was saved to " + path.string() + ": the file " + source_.string() +
+            " could not be read, so its empty copy is not written (" + loadError_ + ")");
     }
     writeFileAtomically(path, serialize());
 }

@@ -11,7 +11,7 @@ namespace tallix {
 // One loaded XML document (a year file or the index). Loading always builds a
 // fresh document, so node handles taken from an earlier load become invalid.
 class Document {
-public:
+  public:
     Document();
     Document(Document&&) noexcept;
     Document& operator=(Document&&) noexcept;
@@ -39,7 +39,7 @@ public:
     pugi::xml_node node() const { return doc_->root(); }
     pugi::xml_document& xml() { return *doc_; }
 
-private:
+  private:
     void markFailed(std::string reason);
 
     std::unique_ptr<pugi::xml_document> doc_;

@@ -1,8 +1,13 @@
 #include "data/encoding.h"
 
+#include <iconv.h>
+
 #include <algorithm>
+#include <array>
 #include <cctype>
+#include <cerrno>
 #include <cstdint>
+#include <stdexcept>
 
 namespace tallix {
 namespace {
@@ -71,6 +76,42 @@ std::string windows1252ToUtf8(std::string_view bytes) {
         else
             appendUtf8(out, static_cast<char16_t>(c));
     }
+    return out;
+}
+
+bool parserReadsEncoding(std::string_view encodingName) {
+    static constexpr std::array<std::string_view, 13> kKnown = {
+        "",         "utf-8",    "utf8",       "utf-16", "utf-16le", "utf-16be", "utf-32",
+        "utf-32le", "utf-32be", "iso-8859-1", "latin1", "us-ascii", "ascii"};
+    std::string name = lower(encodingName);
+    return std::find(kKnown.begin(), kKnown.end(), name) != kKnown.end();
+}
+
+std::optional<std::string> convertToUtf8(std::string_view bytes, std::string_view encodingName) {
+    iconv_t cd = ::iconv_open("UTF-8", std::string(encodingName).c_str());
+    if (cd == reinterpret_cast<iconv_t>(-1))
+        return std::nullopt;
+    std::string out(bytes.size() * 2 + 16, '\0');
+    char* in = const_cast<char*>(bytes.data());
+    size_t inLeft = bytes.size();
+    size_t written = 0;
+    while (inLeft > 0) {
+        char* dst = out.data() + written;
+        size_t outLeft = out.size() - written;
+        size_t rc = ::iconv(cd, &in, &inLeft, &dst, &outLeft);
+        written = out.size() - outLeft;
+        if (rc != static_cast<size_t>(-1))
+            continue;
+        if (errno == E2BIG) {
+            out.resize(out.size() * 2);
+            continue;
+        }
+        ::iconv_close(cd);
+        throw std::runtime_error("the text is not valid " + std::string(encodingName) +
+                                 " at byte " + std::to_string(bytes.size() - inLeft));
+    }
+    ::iconv_close(cd);
+    out.resize(written);
     return out;
 }
 

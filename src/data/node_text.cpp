@@ -6,21 +6,26 @@
 namespace tallix {
 namespace {
 
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
 
-void collectText(pugi::xml_node node, std::string& out) {
-    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
-        switch (child.type()) {
-            case pugi::node_pcdata:
-            case pugi::node_cdata:
-                out += child.value();
-                break;
-            case pugi::node_element:
-                collectText(child, out);
-                break;
-            default:
-                break;
+// Walks the subtree without recursion, so a hand-made file nested very
+// deeply cannot exhaust the stack.
+void collectText(pugi::xml_node top, std::string& out) {
+    pugi::xml_node node = top.first_child();
+    while (node) {
+        if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
+            out += node.value();
+        if (node.type() == pugi::node_element && node.first_child()) {
+            node = node.first_child();
+            continue;
         }
+        while (node && node != top && !node.next_sibling())
+            node = node.parent();
+        if (!node || node == top)
+            break;
+        node = node.next_sibling();
     }
 }
 
@@ -91,7 +96,9 @@ pugi::xml_node childAt(pugi::xml_node node, size_t index) {
                             " is missing");
 }
 
-std::string childText(pugi::xml_node node, size_t index) { return nodeText(childAt(node, index)); }
+std::string childText(pugi::xml_node node, size_t index) {
+    return nodeText(childAt(node, index));
+}
 
 void setChildText(pugi::xml_node node, size_t index, std::string_view text) {
     setNodeText(childAt(node, index), text);

@@ -10,8 +10,8 @@ inline constexpr std::string_view kRootElement = "tallix";
 
 // The containers of a year file, in the order the templates write them.
 inline constexpr std::array<std::string_view, 8> kContainers = {
-    "register", "registercolumns", "financial-institutions", "catagories",
-    "income",   "receivables",     "rmds",                   "descriptions"};
+    "register", "registercolumns", "financial-institutions", "catagories", "income", "receivables",
+    "rmds",     "descriptions"};
 
 // The twelve children of a register line, by position.
 inline constexpr std::array<std::string_view, 12> kLineChildren = {

@@ -4,7 +4,9 @@
 
 namespace tallix {
 
-std::string numberToText(long long value) { return std::to_string(value); }
+std::string numberToText(long long value) {
+    return std::to_string(value);
+}
 
 std::vector<std::string> split(std::string_view text, std::string_view delimiter) {
     if (delimiter.empty())

@@ -10,8 +10,7 @@
 namespace tallix {
 namespace {
 
-constexpr std::array<const char*, 7> kWeekdays = {"Sun", "Mon", "Tue", "Wed",
-                                                  "Thu", "Fri", "Sat"};
+constexpr std::array<const char*, 7> kWeekdays = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
 
 // Days since 1970-01-01 of a proleptic Gregorian date (month 1-12).
 int64_t daysFromCivil(int64_t y, int64_t m, int64_t d) {
@@ -48,7 +47,7 @@ bool startsNumber(std::string_view s) {
 
 const std::array<std::string, 13>& monthNameTable() {
     static const std::array<std::string, 13> table = {
-        " - 1", "January", "February", "March",     "April",   "May",      "June",
+        " - 1", "January", "February",  "March",   "April",    "May",     "June",
         "July", "August",  "September", "October", "November", "December"};
     return table;
 }
@@ -90,9 +89,8 @@ std::string amountToText(double amount) {
     // Adding 0.0 turns -0 into 0: an amount between -1 and 0 loses its sign
     // in the whole part, as it always has.
     char buffer[400];
-    auto end = std::to_chars(buffer, buffer + sizeof buffer, whole + 0.0,
-                             std::chars_format::fixed, 0)
-                   .ptr;
+    auto end =
+        std::to_chars(buffer, buffer + sizeof buffer, whole + 0.0, std::chars_format::fixed, 0).ptr;
     return std::string(buffer, end) + "." + centsText;
 }
 
@@ -115,9 +113,8 @@ double textToAmount(std::string_view text) {
     if (ec != std::errc())
         throw std::invalid_argument("invalid stof argument");
     double magnitude = std::fabs(value);
-    if (std::isfinite(value) &&
-        (magnitude > std::numeric_limits<float>::max() ||
-         (magnitude != 0 && magnitude < std::numeric_limits<float>::min())))
+    if (std::isfinite(value) && (magnitude > std::numeric_limits<float>::max() ||
+                                 (magnitude != 0 && magnitude < std::numeric_limits<float>::min())))
         throw std::out_of_range("stof argument out of range");
     return negative ? -value : value;
 }

@@ -1,5 +1,117 @@
 #include <gtest/gtest.h>
 
-#include "data/values.h"
+#include <clocale>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
 
-TEST(Placeholder, Builds) { EXPECT_EQ(tallix::amountToText(7), "7.00"); }
+#include "data/values.h"
+#include "support/temp_dir.h"
+
+namespace tallix {
+namespace {
+
+TEST(AmountToText, KeepsTheProgramsOwnFormat) {
+    const std::pair<double, const char*> cases[] = {{0, "0.00"},
+                                                    {0.5, "0.50"},
+                                                    {7, "7.00"},
+                                                    {12.05, "12.05"},
+                                                    {5.999, "5.100"},
+                                                    {3.999, "3.100"},
+                                                    {-3.05, "-3.-5"},
+                                                    {-0.5, "0.-50"},
+                                                    {-12.5, "-12.-50"},
+                                                    {0.1 + 0.2, "0.30"},
+                                                    {1234567.89, "1234567.89"}};
+    for (const auto& [amount, text] : cases)
+        EXPECT_EQ(amountToText(amount), text) << amount;
+}
+
+TEST(TextToAmount, ReadsTheLeadingNumberOrFails) {
+    const std::pair<const char*, double> cases[] = {
+        {"12.50abc", 12.5}, {"  \t12.5", 12.5}, {"-3.05", -3.05}, {"+7", 7},
+        {".5", 0.5},        {"1e3", 1000},      {"1,5", 1},       {"1234567.89", 1234567.89}};
+    for (const auto& [text, amount] : cases)
+        EXPECT_DOUBLE_EQ(textToAmount(text), amount) << text;
+    // Cents survive the trip through the file above 100,000.
+    EXPECT_EQ(amountToText(textToAmount("16777217.01")), "16777217.01");
+
+    for (const char* text : {"", "abc", "   ", "-", ".", "+-1", "$12"}) {
+        try {
+            textToAmount(text);
+            ADD_FAILURE() << "no error for '" << text << "'";
+        } catch (const std::invalid_argument& e) {
+            EXPECT_STREQ(e.what(), "invalid stof argument") << text;
+        }
+    }
+    for (const char* text : {"1e40", "-1e40", "1e400", "1e-50"}) {
+        try {
+            textToAmount(text);
+            ADD_FAILURE() << "no error for '" << text << "'";
+        } catch (const std::out_of_range& e) {
+            EXPECT_STREQ(e.what(), "stof argument out of range") << text;
+        }
+    }
+}
+
+// A process locale with a decimal comma, as a German desktop session sets it;
+// when the machine has none, one is compiled for this process only.
+bool useCommaLocale(const test::TempDir& folder) {
+    auto tryLocale = [](const char* name) {
+        return std::setlocale(LC_ALL, name) && std::string(std::localeconv()->decimal_point) == ",";
+    };
+    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "nl_NL.UTF-8"})
+        if (tryLocale(name))
+            return true;
+    const std::string build =
+        "localedef -i de_DE -f UTF-8 '" + (folder / "de_DE.UTF-8").string() + "' >/dev/null 2>&1";
+    if (std::system(build.c_str()) != 0)
+        return false;
+    ::setenv("LOCPATH", folder.path().c_str(), 1);
+    return tryLocale("de_DE.UTF-8");
+}
+
+TEST(Amounts, IgnoreACommaDecimalLocale) {
+    test::TempDir folder;
+    const bool active = useCommaLocale(folder);
+    if (active) {
+        EXPECT_DOUBLE_EQ(textToAmount("12.50"), 12.5);
+        EXPECT_DOUBLE_EQ(textToAmount(" 1234567.89"), 1234567.89);
+        EXPECT_EQ(amountToText(0.1), "0.10");
+        EXPECT_EQ(amountToText(-3.05), "-3.-5");
+    }
+    std::setlocale(LC_ALL, "C");
+    ::unsetenv("LOCPATH");
+    if (!active)
+        GTEST_SKIP() << "no locale with a decimal comma is available";
+}
+
+TEST(Calendar, MonthNamesAndDaysOfTheWeek) {
+    const char* names[] = {" - 1", "January", "February",  "March",   "April",    "May",     "June",
+                           "July", "August",  "September", "October", "November", "December"};
+    for (int m = 0; m <= 12; ++m)
+        EXPECT_EQ(monthName(m), names[m]);
+    EXPECT_EQ(monthNameTable()[0], " - 1");
+    EXPECT_EQ(monthNameTable()[12], "December");
+    EXPECT_EQ(monthName(13), " - 1");
+    EXPECT_EQ(monthName(-1), " - 1");
+    EXPECT_EQ(monthNumber("March"), 3);
+    EXPECT_EQ(monthNumber("march"), 0);
+
+    const struct {
+        int day, month, year;
+        const char* weekday;
+    } dates[] = {
+        {1, 1, 1970, "Thu"},   {1, 1, 2000, "Sat"},  {29, 2, 2024, "Thu"}, {31, 12, 2025, "Wed"},
+        {1, 1, 1900, "Mon"},   {15, 6, 2026, "Mon"}, {31, 2, 2026, "Tue"},  // 3 March 2026
+        {31, 2, 2024, "Sat"},   // 2 March 2024, a leap year
+        {0, 3, 2024, "Thu"},    // 29 February 2024
+        {32, 12, 2025, "Thu"},  // 1 January 2026
+    };
+    for (const auto& d : dates)
+        EXPECT_EQ(dayOfWeek(d.day, d.month, d.year), d.weekday)
+            << d.day << "/" << d.month << "/" << d.year;
+}
+
+}  // namespace
+}  // namespace tallix

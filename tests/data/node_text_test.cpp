@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "data/document.h"
+#include "data/node_text.h"
+#include "data/text_utils.h"
+
+namespace tallix {
+namespace {
+
+constexpr const char* kXml =
+    "<tallix><description>\n  Rent <b>for</b><!-- who? --> May <![CDATA[& June]]> \t\n"
+    "</description><item line=\"3\" id=\"\"><!-- first --><day>3</day><?note x?>Loose"
+    "<expense>Gas</expense><!-- last --></item></tallix>";
+
+TEST(NodeText, ReadsJoinedTrimmedTextAndWritesOneTextChild) {
+    Document doc = Document::parse(kXml, "text.xml");
+    pugi::xml_node root = doc.node().child("tallix");
+    pugi::xml_node item = root.child("item");
+    EXPECT_EQ(nodeText(root.child("description")), "Rent for May & June");
+    EXPECT_EQ(nodeText(item), "3LooseGas");
+    EXPECT_EQ(nodeText(pugi::xml_node()), "");
+
+    setNodeText(item, "  Rent  ");
+    EXPECT_EQ(elementChildCount(item), 0u);
+    EXPECT_EQ(nodeText(item), "Rent");
+    EXPECT_EQ(attributeText("line", item), "3");
+    setNodeText(item, "");
+    EXPECT_FALSE(item.first_child());
+    EXPECT_FALSE(appendTextElement(item, "status", "").first_child());
+    EXPECT_THROW(setNodeText(pugi::xml_node(), "x"), std::runtime_error);
+}
+
+TEST(NodeText, PositionsCountElementsOnly) {
+    Document doc = Document::parse(kXml, "text.xml");
+    pugi::xml_node item = doc.node().child("tallix").child("item");
+    EXPECT_EQ(elementChildCount(item), 2u);
+    EXPECT_EQ(elementChildren(item).size(), 2u);
+    EXPECT_STREQ(childAt(item, 0).name(), "day");
+    EXPECT_EQ(childText(item, 1), "Gas");
+    EXPECT_THROW(childAt(item, 2), std::out_of_range);
+    EXPECT_THROW(childAt(pugi::xml_node(), 0), std::out_of_range);
+
+    setChildText(item, 1, "Rent");
+    EXPECT_EQ(childText(item, 1), "Rent");
+    EXPECT_EQ(item.first_child().type(), pugi::node_comment);
+    EXPECT_EQ(item.last_child().type(), pugi::node_comment);
+}
+
+TEST(NodeText, AttributesAreReadAndReplacedButNeverCreated) {
+    Document doc = Document::parse(kXml, "text.xml");
+    pugi::xml_node item = doc.node().child("tallix").child("item");
+    EXPECT_EQ(attributeText("line", item), "3");
+    setAttributeText("4", "line", item);
+    setAttributeText("Trader Joe's", "id", item);
+    EXPECT_EQ(attributeText("line", item), "4");
+    EXPECT_EQ(attributeText("id", item), "Trader Joe's");
+
+    EXPECT_THROW(setAttributeText("x", "month", item), std::runtime_error);
+    EXPECT_FALSE(item.attribute("month"));
+    EXPECT_EQ(std::distance(item.attributes_begin(), item.attributes_end()), 2);
+    EXPECT_THROW(setAttributeText("x", "line", pugi::xml_node()), std::runtime_error);
+    EXPECT_THROW(attributeText("line", pugi::xml_node()), std::runtime_error);
+}
+
+TEST(TextUtils, SplitAndNumberToText) {
+    using Pieces = std::vector<std::string>;
+    EXPECT_EQ(split("1/15/2026", "/"), (Pieces{"1", "15", "2026"}));
+    EXPECT_EQ(split("a, b, c", ", "), (Pieces{"a", "b", "c"}));
+    EXPECT_EQ(split("/x//", "/"), (Pieces{"", "x", "", ""}));
+    EXPECT_EQ(split("", "/"), (Pieces{""}));
+    EXPECT_THROW(split("a", ""), std::invalid_argument);
+
+    EXPECT_EQ(numberToText(0), "0");
+    EXPECT_EQ(numberToText(13), "13");
+    EXPECT_EQ(numberToText(-7), "-7");
+    EXPECT_EQ(numberToText(1234567890123LL), "1234567890123");
+}
+
+}  // namespace
+}  // namespace tallix

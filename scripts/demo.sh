@@ -14,4 +14,5 @@ sed '/<year year="2026">/,/<\/year>/ {
     s|<status>not initialized</status>|<status>initialized</status>|
 }' res/first_tallix.xml >"$root/tallix/tallix.xml"
 echo "Sample year copied to $root/tallix" >&2
-exec ./build/default/tallix --data-root "$root"
+cd build/default
+exec ./tallix --data-root "$root"

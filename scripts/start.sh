@@ -5,4 +5,5 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
 bash scripts/build.sh default
-exec ./build/default/tallix "$@"
+cd build/default
+exec ./tallix "$@"

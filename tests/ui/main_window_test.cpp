@@ -178,6 +178,25 @@ TEST_F(MainWindowTest, ThePictureButtonsCarryTheirTooltipsAndImages) {
               "CLICK here to edit, add or delete an receivable");
 }
 
+TEST_F(MainWindowTest, ImagesComeFromTheWorkingFolderAndMayBeMissing) {
+    auto before = std::filesystem::current_path();
+    std::filesystem::current_path(TALLIX_BINARY_DIR);
+    {
+        ui::CTallixDlg window(session);
+        for (int i = 0; i < ui::PictureButtons::kTaskCount; ++i) {
+            QToolButton* b = window.pictureButtons()->button(ui::PictureButtons::Task(i));
+            EXPECT_FALSE(b->icon().isNull()) << i;
+            EXPECT_EQ(b->iconSize(), QSize(48, 48)) << i;
+        }
+    }
+    std::filesystem::current_path(tmp.path());
+    {
+        ui::CTallixDlg window(session);
+        EXPECT_TRUE(window.pictureButtons()->button(ui::PictureButtons::kBank)->icon().isNull());
+    }
+    std::filesystem::current_path(before);
+}
+
 TEST_F(MainWindowTest, ExitWritesBothBackupsAndCloses) {
     ui::CTallixDlg window(session);
     window.OnInitDialog();

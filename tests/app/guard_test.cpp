@@ -3,34 +3,10 @@
 #include <stdexcept>
 
 #include "app/guard.h"
-#include "app/session.h"
-#include "app/startup.h"
-#include "data/query.h"
 #include "support/scripted.h"
-#include "support/temp_dir.h"
 
 namespace tallix {
 namespace {
-
-TEST(Startup, AFirstRunCanBeginTheYearBlank) {
-    test::TempDir tmp;
-    test::FixedEnvironment env;
-    env.root = tmp / "root";
-    env.documents = tmp / "docs";
-    test::ScriptedPrompter prompter;
-    prompter.answers = {Answer::No, Answer::Yes};
-    Session session(env, prompter);
-
-    testing::internal::CaptureStdout();  // the missing index's failure line
-    openYearAtStartup(session);
-    testing::internal::GetCapturedStdout();
-
-    EXPECT_TRUE(std::filesystem::exists(session.indexPath()));
-    EXPECT_EQ(session.fileName, "blank_tallix.xml");
-    EXPECT_FALSE(session.data.loadFailed());
-    EXPECT_EQ(selectAll(session.data.node(), paths::kAllMonths).size(), 12u);
-    EXPECT_EQ(session.title(), "March 2026");
-}
 
 TEST(Guard, ShowsTheHandlersMessageAndGoesOn) {
     test::ScriptedPrompter prompter;

@@ -290,7 +290,7 @@ class Year:
                 items.append((20, 60000))                   # tax-season extra
             refs = []
             for day, amount in items:
-                line = Line(day, "Receivables", amount, "Receivables",
+                line = Line(day, cname, amount, "Receivables",
                             line_status(m, day, "cleared", "processing"),
                             cname, inst, acct, "receivable", info=number)
                 add(line)

@@ -43,6 +43,12 @@ void Session::openDataFile(const std::string& bareName) {
     data = Document::load(filePath);
 }
 
+void Session::openDataPath(const std::filesystem::path& path) {
+    fileName = path.filename().string();
+    filePath = path;
+    data = Document::load(path);
+}
+
 void Session::saveData() const {
     data.save(filePath);
 }

@@ -7,6 +7,7 @@
 #include "app/environment.h"
 #include "app/prompter.h"
 #include "data/document.h"
+#include "register/register_view.h"
 
 namespace tallix {
 
@@ -25,6 +26,8 @@ class Session {
     // Loads <data folder>/name as the data document and makes it the current
     // file. A failed load leaves an empty document (see Document::load).
     void openDataFile(const std::string& bareName);
+    // Opens a data file anywhere (tallix-cli works on the file it is given).
+    void openDataPath(const std::filesystem::path& path);
     void saveData() const;
     void saveIndex() const;
 
@@ -35,8 +38,12 @@ class Session {
 
     int year = 0;
     std::string yearText;
+    // The displayed month, 1-12.
     int month = 1;
     void setYear(int newYear);
+
+    // The displayed month's grid.
+    RegisterView view;
 
     // Today's date as read at start-up: whether it is a real calendar date,
     // and the weekday ("Sun".."Sat") the current month began on.

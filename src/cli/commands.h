@@ -28,4 +28,13 @@ struct Command {
 // is any, kOk otherwise; kUsage for anything but one FILE.
 int runCheck(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
+// show FILE MONTH [--today YYYY-MM-DD]: shows MONTH (1-12 or its English
+// name) as its month button does and prints the grid's column titles and
+// then each row, cells joined by a tab. The file is saved as the program
+// saves it. kFaultsFound for a month without lines.
+int runShow(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// update-all FILE [--today YYYY-MM-DD]: Update all months, saving the file.
+int runUpdateAll(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
 }  // namespace tallix::cli

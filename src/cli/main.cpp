@@ -12,11 +12,19 @@ namespace {
 
 using tallix::cli::Command;
 
-constexpr std::array<Command, 1> kCommands = {{
+constexpr std::array<Command, 3> kCommands = {{
     {"check", "FILE",
      "report what a year data file or the index file lacks or holds out of shape, one line "
      "per fault; exit status 1 when there is any",
      tallix::cli::runCheck},
+    {"show", "FILE MONTH [--today YYYY-MM-DD]",
+     "show MONTH (1-12 or its name) as its month button does and print the grid: the column "
+     "titles, then one line per row, cells joined by a tab; notices go to standard error",
+     tallix::cli::runShow},
+    {"update-all", "FILE [--today YYYY-MM-DD]",
+     "recompute every month from January to December, carrying each month's closing into the "
+     "next, and save the file",
+     tallix::cli::runUpdateAll},
 }};
 
 void printUsage(std::ostream& to) {

@@ -66,6 +66,13 @@ void setNodeText(pugi::xml_node node, std::string_view text) {
         node.append_child(pugi::node_pcdata).set_value(std::string(text).c_str());
 }
 
+bool updateNodeText(pugi::xml_node node, std::string_view text) {
+    if (nodeText(node) == text)
+        return false;
+    setNodeText(node, text);
+    return true;
+}
+
 std::vector<pugi::xml_node> elementChildren(pugi::xml_node node) {
     std::vector<pugi::xml_node> out;
     for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling())

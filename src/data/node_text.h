@@ -14,6 +14,9 @@ namespace tallix {
 std::string nodeText(pugi::xml_node node);
 void setNodeText(pugi::xml_node node, std::string_view text);
 
+// Sets the text only when it differs; true when it did.
+bool updateNodeText(pugi::xml_node node, std::string_view text);
+
 std::vector<pugi::xml_node> elementChildren(pugi::xml_node node);
 size_t elementChildCount(pugi::xml_node node);
 

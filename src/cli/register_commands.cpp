@@ -1,0 +1,94 @@
+// tallix-cli show and update-all: the register without a display.
+#include <algorithm>
+#include <ostream>
+
+#include "app/session.h"
+#include "cli/commands.h"
+#include "cli/terminal.h"
+#include "data/values.h"
+#include "register/month_display.h"
+
+namespace tallix::cli {
+namespace {
+
+// 1-12 for "1".."12" or an English month name; 0 otherwise.
+int parseMonth(const std::string& text) {
+    if (int byName = monthNumber(text))
+        return byName;
+    try {
+        size_t used = 0;
+        int m = std::stoi(text, &used);
+        return used == text.size() && m >= 1 && m <= 12 ? m : 0;
+    } catch (const std::exception&) {
+        return 0;
+    }
+}
+
+// Opens FILE in a session whose year is the file's working year (today's).
+struct Opened {
+    Opened(const std::string& file, Date today, std::ostream& err)
+        : prompter(err),
+          env(today, std::filesystem::path(file).parent_path()),
+          session(env, prompter) {
+        session.openDataPath(file);
+    }
+    TerminalPrompter prompter;
+    TerminalEnvironment env;
+    Session session;
+};
+
+void printTable(const Session& session, std::ostream& out) {
+    const auto& columns = session.view.grid.columns;
+    for (size_t c = 0; c < columns.size(); ++c)
+        out << (c ? "\t" : "") << columns[c].title;
+    out << '\n';
+    const GridTable& table = session.view.table;
+    const int width = std::min<int>(static_cast<int>(columns.size()), table.columnCount());
+    for (int r = 0; r < table.rowCount(); ++r) {
+        for (int c = 0; c < width; ++c)
+            out << (c ? "\t" : "") << table.cell(r, c);
+        out << '\n';
+    }
+}
+
+int finish(const Opened& opened) {
+    return opened.prompter.failed() ? kFailed : kOk;
+}
+
+}  // namespace
+
+int runShow(const Arguments& given, std::ostream& out, std::ostream& err) {
+    Arguments arguments = given;
+    std::optional<Date> today = takeToday(arguments);
+    if (!today || arguments.size() != 2 || parseMonth(arguments[1]) == 0)
+        return kUsage;
+    Opened opened(arguments[0], *today, err);
+    Session& session = opened.session;
+    if (session.data.loadFailed())
+        return kFailed;
+    session.month = parseMonth(arguments[1]);
+    session.view.rememberedRow = 31;
+    if (!loadColumns(session))
+        return kFailed;
+    bool shown = displayMonth(session, std::to_string(session.month));
+    if (shown)
+        printTable(session, out);
+    return shown ? finish(opened) : kFaultsFound;
+}
+
+int runUpdateAll(const Arguments& given, std::ostream&, std::ostream& err) {
+    Arguments arguments = given;
+    std::optional<Date> today = takeToday(arguments);
+    if (!today || arguments.size() != 1)
+        return kUsage;
+    Opened opened(arguments[0], *today, err);
+    Session& session = opened.session;
+    if (session.data.loadFailed())
+        return kFailed;
+    if (!loadColumns(session))
+        return kFailed;
+    OnToolsUpdateallmonths(session);
+    return finish(opened);
+}
+
+}  // namespace tallix::cli

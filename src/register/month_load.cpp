@@ -1,0 +1,149 @@
+#include "register/month_load.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/session.h"
+#include "data/node_text.h"
+#include "data/query.h"
+#include "data/schema_names.h"
+#include "data/text_utils.h"
+#include "data/values.h"
+#include "register/month_lines.h"
+#include "register/plan_index.h"
+
+namespace tallix {
+namespace {
+
+struct DueDate {
+    int month = 0;
+    int day = 0;
+    int year = 0;
+};
+
+// "M/D/YYYY"; nothing for "0", an empty text or anything else.
+std::optional<DueDate> parseDate(const std::string& text) {
+    std::vector<std::string> parts = split(text, "/");
+    if (parts.size() != 3)
+        return std::nullopt;
+    try {
+        DueDate d{static_cast<int>(textToAmount(parts[0])),
+                  static_cast<int>(textToAmount(parts[1])),
+                  static_cast<int>(textToAmount(parts[2]))};
+        if (d.month < 1 || d.month > 12 || d.day < 1 || d.day > 31)
+            return std::nullopt;
+        return d;
+    } catch (const std::logic_error&) {
+        return std::nullopt;
+    }
+}
+
+bool onOrBefore(const DueDate& d, const Date& today) {
+    if (d.year != today.year)
+        return d.year < today.year;
+    if (d.month != today.month)
+        return d.month < today.month;
+    return d.day <= today.day;
+}
+
+struct Posting {
+    std::string day;
+    std::string name;
+    std::string amount;
+    std::string category;
+    std::string institution;
+    std::string account;
+    std::string accumulate;
+    std::string typeofentry;
+    std::string status;
+};
+
+int dayOf(pugi::xml_node line) {
+    try {
+        return static_cast<int>(textToAmount(childText(line, schema::kDay)));
+    } catch (const std::logic_error&) {
+        return 0;
+    }
+}
+
+// Lines run from the latest day at the top to the earliest at the bottom: the
+// new line goes above the first line of an earlier day.
+void insertLine(pugi::xml_node month, const Posting& p) {
+    const int day = static_cast<int>(textToAmount(p.day));
+    pugi::xml_node before;
+    for (pugi::xml_node line : elementChildren(month))
+        if (dayOf(line) < day) {
+            before = line;
+            break;
+        }
+    pugi::xml_node line =
+        before ? month.insert_child_before("item", before) : month.append_child("item");
+    line.append_attribute("line") = "0";
+    const std::string values[12] = {p.day,      p.name,   p.amount,     "",
+                                    p.category, p.status, "",           p.institution,
+                                    p.account,  "",       p.accumulate, p.typeofentry};
+    for (size_t k = 0; k < schema::kLineChildren.size(); ++k)
+        appendTextElement(line, schema::kLineChildren[k], values[k]);
+}
+
+void renumber(pugi::xml_node month) {
+    int n = 1;
+    for (pugi::xml_node line : elementChildren(month))
+        setAttributeText(std::to_string(n++), "line", line);
+}
+
+// The entry's amount, or the repeating amount when the entry has none.
+std::string amountFor(const std::string& entryAmount, const std::string& repeating) {
+    return entryAmount.empty() || entryAmount == "0" ? repeating : entryAmount;
+}
+
+}  // namespace
+
+int postDueEntries(Session& session) {
+    pugi::xml_node data = session.data.node();
+    const int month = session.month;
+    pugi::xml_node monthNode = selectOne(data, paths::kMonthByName, monthName(month));
+    if (!monthNode)
+        return 0;
+    int posted = 0;
+    auto post = [&](pugi::xml_node entry, size_t statusChild, const DueDate& due, Posting p) {
+        p.day = std::to_string(due.day);
+        insertLine(monthNode, p);
+        setChildText(entry, statusChild, "posted");
+        ++posted;
+    };
+
+    for (pugi::xml_node expense : selectAll(data, paths::kAllExpenses)) {
+        const std::string kind = childText(expense, 1);
+        if (kind != "recurring" && kind != "auto" && kind != "Auto-Bank")
+            continue;
+        pugi::xml_node entry = monthEntry(expense, 7, month);
+        std::optional<DueDate> due = parseDate(childText(entry, 3));
+        if (childText(entry, 4) != "notpaid" || !due || !onOrBefore(*due, session.today))
+            continue;
+        const bool automatic = kind != "recurring";
+        post(entry, 4, *due,
+             {"", attributeText("id", expense),
+              amountFor(childText(entry, 1), childText(expense, 6)), childText(expense, 0),
+              childText(expense, 4), childText(expense, 2), "recurring", automatic ? kind : "debit",
+              automatic ? "cleared" : "processing"});
+    }
+    for (pugi::xml_node source : selectAll(data, paths::kAllIncome)) {
+        const std::string kind = childText(source, 2);
+        if (kind != "auto day" && kind != "auto date")
+            continue;
+        pugi::xml_node entry = monthEntry(source, 6, month);
+        std::optional<DueDate> due = parseDate(childText(entry, 2));
+        if (childText(entry, 3) != "notpaid" || !due || !onOrBefore(*due, session.today))
+            continue;
+        post(entry, 3, *due,
+             {"", attributeText("id", source), amountFor(childText(entry, 1), childText(source, 5)),
+              "Income", childText(source, 0), childText(source, 1), "", "deposit", "processing"});
+    }
+    if (posted > 0)
+        renumber(monthNode);
+    return posted;
+}
+
+}  // namespace tallix

@@ -10,17 +10,47 @@
 namespace tallix {
 namespace {
 
-// Reads the month into the grid table and runs the engine; the data file is
-// saved when the engine changed it.
-void recompute(Session& session, bool postDue) {
-    if (postDue && postDueEntries(session) > 0)
-        session.saveData();
+// Reads the month into the grid table and runs the engine. Returns true when
+// the data document changed: the caller saves it.
+bool recompute(Session& session, bool postDue) {
+    bool changed = postDue && postDueEntries(session) > 0;
     FilltallixListBox(session);
     readLinesIntoTable(session.data.node(), monthName(session.month), session.month, session.year,
                        static_cast<int>(session.view.grid.columns.size()), session.view.fields,
                        session.view.table);
-    if (runBalanceEngine(session))
+    changed |= runBalanceEngine(session);
+    return changed;
+}
+
+// Runs `body`, which reports whether it changed the document, and saves the
+// data file when it did, even when a later step failed.
+template <typename Body>
+void savingChanges(Session& session, Body body) {
+    bool changed = false;
+    try {
+        body(changed);
+    } catch (...) {
+        if (changed)
+            session.saveData();
+        throw;
+    }
+    if (changed)
         session.saveData();
+}
+
+bool showMonthUnsaved(Session& session, const std::string& monthText, bool& changed) {
+    const bool currentMonth = monthText == std::to_string(session.today.month) &&
+                              session.yearText == std::to_string(session.today.year);
+    if (currentMonth || monthText == "13")
+        session.view.rememberedRow = -1;
+    const std::string name = monthName(session.month);
+    session.view.lineCount = static_cast<int>(monthLines(session.data.node(), name).size());
+    if (session.view.lineCount == 0) {
+        session.prompter().notify(kEmptyMonthStart + name + kEmptyMonthEnd);
+        return false;
+    }
+    changed |= recompute(session, true);
+    return true;
 }
 
 }  // namespace
@@ -40,18 +70,10 @@ void FilltallixListBox(Session& session) {
 }
 
 bool showMonth(Session& session, const std::string& monthText) {
-    const bool currentMonth = monthText == std::to_string(session.today.month) &&
-                              session.yearText == std::to_string(session.today.year);
-    if (currentMonth || monthText == "13")
-        session.view.rememberedRow = -1;
-    const std::string name = monthName(session.month);
-    session.view.lineCount = static_cast<int>(monthLines(session.data.node(), name).size());
-    if (session.view.lineCount == 0) {
-        session.prompter().notify(kEmptyMonthStart + name + kEmptyMonthEnd);
-        return false;
-    }
-    recompute(session, true);
-    return true;
+    bool shown = false;
+    savingChanges(session,
+                  [&](bool& changed) { shown = showMonthUnsaved(session, monthText, changed); });
+    return shown;
 }
 
 bool displayMonth(Session& session, const std::string& monthText) {
@@ -65,20 +87,25 @@ bool Refresh(Session& session) {
         session.data = Document::load(session.filePath);
         prepareColumns(session);
         session.view.table.clear();
-        recompute(session, false);
+        savingChanges(session, [&](bool& changed) { changed = recompute(session, false); });
     });
 }
 
 bool OnToolsUpdate(Session& session) {
-    return guarded(session.prompter(), "OnToolsUpdate", [&] { recompute(session, true); });
+    return guarded(session.prompter(), "OnToolsUpdate", [&] {
+        savingChanges(session, [&](bool& changed) { changed = recompute(session, true); });
+    });
 }
 
 bool OnToolsUpdateallmonths(Session& session) {
     return guarded(session.prompter(), "OnToolsUpdateallmonths", [&] {
-        for (int m = 1; m <= 12; ++m) {
-            session.month = m;
-            showMonth(session, "13");
-        }
+        // One save for the whole walk: the file is written once, not twelve times.
+        savingChanges(session, [&](bool& changed) {
+            for (int m = 1; m <= 12; ++m) {
+                session.month = m;
+                showMonthUnsaved(session, "13", changed);
+            }
+        });
     });
 }
 

@@ -22,6 +22,9 @@ struct RegisterView {
     int markedColumn = -1;
     int editorRow = -1;
     int editorColumn = -1;
+    // Set while an edited cell is being committed, so that a second commit
+    // (a click arriving during a Tab) waits its turn instead of interleaving.
+    bool committing = false;
 };
 
 }  // namespace tallix

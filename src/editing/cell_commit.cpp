@@ -1,0 +1,160 @@
+#include "editing/cell_commit.h"
+
+#include <sstream>
+
+#include "app/guard.h"
+#include "app/session.h"
+#include "data/node_text.h"
+#include "data/query.h"
+#include "data/schema_names.h"
+#include "data/values.h"
+#include "editing/check_lookup.h"
+#include "editing/line_access.h"
+#include "reference/descriptions.h"
+#include "register/month_display.h"
+#include "register/plan_index.h"
+
+namespace tallix {
+namespace {
+
+constexpr size_t kExpenseMonths = 7;
+constexpr size_t kEntryAmount = 1;
+constexpr size_t kEntryStatus = 4;
+constexpr size_t kEntryCheck = 6;
+constexpr size_t kCustomerMonths = 4;
+
+// The customer's item of this month that belongs to the row's line gets the
+// amount too.
+void mirrorIntoCustomer(Session& session, const std::string& customerName, int row,
+                        const std::string& amount) {
+    pugi::xml_node customer = requireOne(session.data.node(), paths::kReceivable, customerName);
+    pugi::xml_node month = monthEntry(customer, kCustomerMonths, session.month);
+    const std::string line = std::to_string(row + 1);
+    for (pugi::xml_node item : elementChildren(month))
+        if (childText(item, 0) == line)
+            setChildText(item, kEntryAmount, amount);
+}
+
+void offerIfNew(Session& session, const std::string& description) {
+    if (!description.empty())
+        offerDescription(session, description);
+}
+
+class Commit {
+  public:
+    Commit(Session& session, int row, int column)
+        : s_(session), f_(session.view.fields), row_(row), column_(column) {}
+
+    void run(std::string text) {
+        GridTable& t = s_.view.table;
+        if (column_ == f_.amount && !text.empty())
+            (void)textToAmount(text);  // refuses "abc" and "1e40" before anything is written
+        t.set(row_, column_, text);
+        const std::string expense = t.cell(row_, f_.expense);
+        const std::string category = t.cell(row_, f_.category);
+        const std::string type = t.cell(row_, f_.typeofentry);
+
+        line_ = get_lines(s_, row_);
+        if (!line_)
+            return;
+        child_ = lineChildOfColumn(f_, column_);
+        planned_ = get_expense(s_, row_);
+
+        if (category == "Receivables" && column_ == f_.amount) {
+            text = amount(text);
+            mirrorIntoCustomer(s_, expense, row_, text);
+        } else if (category == "Income") {
+            if (column_ == f_.amount) {
+                amount(text);
+            } else {
+                writeLine(text);
+                if (column_ == f_.description)
+                    offerIfNew(s_, text);
+                else if (column_ == f_.status && planned_)
+                    writePlan(kEntryStatus, text);
+            }
+        } else if (!planned_ && column_ == f_.check) {
+            if (!text.empty())
+                writeLine(text);
+            if (!text.empty())
+                matchCheckNumber(s_, row_, text);
+        } else if (column_ == f_.amount) {
+            text = amount(text);
+            if (planned_)
+                writePlan(kEntryAmount, text);
+        } else {
+            writeLine(text);
+            if (column_ == f_.description)
+                offerIfNew(s_, text);
+            else if (planned_ && column_ == f_.status)
+                writePlan(kEntryStatus, text);
+            else if (planned_ && column_ == f_.check && type == "check")
+                writePlan(kEntryCheck, text);
+        }
+        s_.saveData();
+    }
+
+  private:
+    void writeLine(const std::string& text) {
+        if (child_ >= 0)
+            setChildText(line_, static_cast<size_t>(child_), text);
+    }
+    void writePlan(size_t entryChild, const std::string& text) {
+        setChildText(monthEntry(planned_, kExpenseMonths, s_.month), entryChild, text);
+    }
+    // Amounts stay text: only ".00" is added to one written without a point.
+    std::string amount(const std::string& typed) {
+        std::string text = withCents(typed);
+        s_.view.table.set(row_, column_, text);
+        writeLine(text);
+        return text;
+    }
+
+    Session& s_;
+    const FieldColumns& f_;
+    int row_;
+    int column_;
+    pugi::xml_node line_;
+    pugi::xml_node planned_;
+    int child_ = -1;
+};
+
+}  // namespace
+
+std::string normaliseBlanks(const std::string& text) {
+    std::istringstream words(text);
+    std::string word;
+    std::string out;
+    while (words >> word) {
+        if (!out.empty())
+            out += ' ';
+        out += word;
+    }
+    return out;
+}
+
+std::string withCents(const std::string& amount) {
+    if (amount.empty() || amount.find('.') != std::string::npos)
+        return amount;
+    return amount + ".00";
+}
+
+void commitCell(Session& session, int row, int column, const std::string& typed) {
+    if (!session.view.table.contains(row, column))
+        return;  // the row went away while the editor was open
+    Commit(session, row, column).run(normaliseBlanks(typed));
+}
+
+bool HideEditor(Session& session, int row, int column, const std::string& typed) {
+    if (session.view.committing)
+        return false;
+    session.view.committing = true;
+    bool done =
+        guarded(session.prompter(), "HideEditor", [&] { commitCell(session, row, column, typed); });
+    session.view.committing = false;
+    if (done)
+        OnToolsUpdate(session);
+    return done;
+}
+
+}  // namespace tallix

@@ -1,0 +1,26 @@
+#pragma once
+// Committing the text typed into a cell of the register: into the grid
+// table, the line in the data file and, where the line names a planned
+// expense or a customer, into the plan; then the file is saved and the
+// balances recomputed.
+#include <string>
+
+namespace tallix {
+
+class Session;
+
+// Leading, trailing and repeated blanks removed.
+std::string normaliseBlanks(const std::string& text);
+// ".00" appended to an amount written without a point: 12 -> 12.00, 12.5 stays.
+std::string withCents(const std::string& amount);
+
+// The commit itself; throws on failure. An amount that is not a number is
+// refused before anything is written.
+void commitCell(Session& session, int row, int column, const std::string& typed);
+
+// The guarded command: failures show "runtime error in HideEditor() ". A
+// commit that arrives while another runs is dropped. Returns true when the
+// commit ran to its end.
+bool HideEditor(Session& session, int row, int column, const std::string& typed);
+
+}  // namespace tallix

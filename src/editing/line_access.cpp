@@ -1,0 +1,71 @@
+#include "editing/line_access.h"
+
+#include <stdexcept>
+#include <string>
+
+#include "app/guard.h"
+#include "app/session.h"
+#include "data/query.h"
+#include "data/schema_names.h"
+#include "data/values.h"
+#include "register/month_lines.h"
+
+namespace tallix {
+namespace {
+
+constexpr int kLineNumberCell = 3;
+constexpr int kDateCell = 2;
+
+}  // namespace
+
+pugi::xml_node lineOfRow(Session& session, int row) {
+    const std::string& number = session.view.table.cell(row, kLineNumberCell);
+    const int n = static_cast<int>(textToAmount(number));
+    std::vector<pugi::xml_node> lines = monthLines(session.data.node(), monthName(session.month));
+    if (n < 1 || n > static_cast<int>(lines.size()))
+        throw std::out_of_range("the month has no line " + number);
+    return lines[static_cast<size_t>(n - 1)];
+}
+
+pugi::xml_node expenseOfRow(Session& session, int row) {
+    const FieldColumns& f = session.view.fields;
+    pugi::xml_node category =
+        selectOne(session.data.node(), paths::kCategory, session.view.table.cell(row, f.category));
+    if (!category)
+        return {};
+    return selectOne(category, paths::kExpenseInCategory, session.view.table.cell(row, f.expense));
+}
+
+int lineChildOfColumn(const FieldColumns& f, int column) {
+    if (column == kDateCell)
+        return schema::kDay;
+    const int byColumn[][2] = {{f.expense, schema::kExpense},
+                               {f.amount, schema::kDebit},
+                               {f.check, schema::kCheck},
+                               {f.category, schema::kCategoty},
+                               {f.status, schema::kStatus},
+                               {f.description, schema::kDescription},
+                               {f.institution, schema::kInstitution},
+                               {f.account, schema::kAccount},
+                               {f.info, schema::kInfo},
+                               {f.accumulate, schema::kAccumulate},
+                               {f.typeofentry, schema::kTypeOfEntry}};
+    for (const auto& [col, child] : byColumn)
+        if (col == column)
+            return child;
+    return -1;
+}
+
+pugi::xml_node get_lines(Session& session, int row) {
+    pugi::xml_node line;
+    guarded(session.prompter(), "get_lines", [&] { line = lineOfRow(session, row); });
+    return line;
+}
+
+pugi::xml_node get_expense(Session& session, int row) {
+    pugi::xml_node expense;
+    guarded(session.prompter(), "get_expense", [&] { expense = expenseOfRow(session, row); });
+    return expense;
+}
+
+}  // namespace tallix

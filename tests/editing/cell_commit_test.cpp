@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include "app/session.h"
+#include "data/node_text.h"
+#include "data/query.h"
+#include "data/schema_names.h"
+#include "editing/cell_commit.h"
+#include "editing/check_lookup.h"
+#include "reference/descriptions.h"
+#include "register/month_display.h"
+#include "register/month_lines.h"
+#include "register/plan_index.h"
+#include "support/scripted.h"
+#include "support/temp_dir.h"
+
+namespace tallix {
+namespace {
+
+using test::readFile;
+
+// March of the sample year, shown, with one extra line that names no planned
+// expense (a cheque to be matched by number) at the bottom.
+class CellCommitTest : public ::testing::Test {
+  protected:
+    static test::FixedEnvironment inNovember() {
+        test::FixedEnvironment e;
+        e.date = {2026, 11, 21};
+        return e;
+    }
+    void SetUp() override {
+        std::string xml = readFile(test::sourceDir() / "examples" / "tallix2026.xml");
+        const std::string unplanned =
+            "<item line=\"25\"><day>1</day><expense></expense><debit></debit><check></check>"
+            "<categoty></categoty><status></status><description></description>"
+            "<institution>First National</institution><account>Checking</account><info></info>"
+            "<accumulate></accumulate><typeofentry>debit</typeofentry></item>";
+        size_t april = xml.find("<month month=\"April\"");
+        xml.insert(xml.rfind("</month>", april), unplanned);
+        test::writeFile(file(), xml);
+        session.openDataPath(file());
+        prepareColumns(session);
+        session.month = 3;
+        ASSERT_TRUE(showMonth(session, "3"));
+        prompter.shown.clear();
+    }
+    std::filesystem::path file() const { return tmp / "tallix2026.xml"; }
+    // The line's field as saved on disk.
+    std::string savedField(int line, int child) {
+        Document d = Document::load(file());
+        return childText(monthLines(d.node(), "March").at(static_cast<size_t>(line - 1)),
+                         static_cast<size_t>(child));
+    }
+    int row(int line) const { return line - 1; }
+    const FieldColumns& f() const { return session.view.fields; }
+
+    test::TempDir tmp;
+    test::FixedEnvironment env = inNovember();
+    test::ScriptedPrompter prompter;
+    Session session{env, prompter};
+};
+
+TEST(CellText, BlanksAreNormalisedAndWholeAmountsGetCents) {
+    EXPECT_EQ(normaliseBlanks("  two   words "), "two words");
+    EXPECT_EQ(normaliseBlanks("   "), "");
+    EXPECT_EQ(withCents("12"), "12.00");
+    EXPECT_EQ(withCents("12.5"), "12.5");
+    EXPECT_EQ(withCents(""), "");
+}
+
+TEST_F(CellCommitTest, ADescriptionIsStoredNormalisedAndOfferedForTheList) {
+    prompter.answers = {Answer::No};
+    EXPECT_TRUE(HideEditor(session, row(1), f().description, "  two   words "));
+    EXPECT_EQ(savedField(1, schema::kDescription), "two words");
+    EXPECT_EQ(prompter.shown, (std::vector<std::string>{kDescriptionNotOnList}));
+    EXPECT_FALSE(hasDescription(session.data.node(), "two words"));
+
+    prompter.answers = {Answer::Yes};
+    EXPECT_TRUE(HideEditor(session, row(2), f().description, "Bonus"));
+    Document saved = Document::load(file());
+    EXPECT_TRUE(hasDescription(saved.node(), "Bonus"));
+
+    // A description already on the list asks nothing.
+    prompter.shown.clear();
+    EXPECT_TRUE(HideEditor(session, row(3), f().description, "Bonus"));
+    EXPECT_TRUE(prompter.shown.empty());
+}
+
+TEST_F(CellCommitTest, AmountsGetCentsOnlyWithoutAPointAndReachThePlan) {
+    EXPECT_TRUE(HideEditor(session, row(1), f().amount, "12"));
+    EXPECT_EQ(savedField(1, schema::kDebit), "12.00");
+    EXPECT_TRUE(HideEditor(session, row(1), f().amount, "12.5"));
+    EXPECT_EQ(savedField(1, schema::kDebit), "12.5");
+
+    // Line 3 is the Water cheque: its plan entry for March gets the amount.
+    EXPECT_TRUE(HideEditor(session, row(3), f().amount, "47"));
+    Document saved = Document::load(file());
+    pugi::xml_node water = selectOne(saved.node(), paths::kExpense, "Water");
+    EXPECT_EQ(childText(monthEntry(water, 7, 3), 1), "47.00");
+    EXPECT_NE(childText(monthEntry(water, 7, 4), 1), "47.00");
+}
+
+TEST_F(CellCommitTest, AReceivableAmountChangesThatLinesCustomerItemOfThisMonthOnly) {
+    // Line 7 is Maple Street Bakery's March payment.
+    Document before = Document::load(file());
+    pugi::xml_node bakery = selectOne(before.node(), paths::kReceivable, "Maple Street Bakery");
+    std::string april = nodeText(monthEntry(bakery, 4, 4));
+
+    EXPECT_TRUE(HideEditor(session, row(7), f().amount, "650"));
+    Document saved = Document::load(file());
+    pugi::xml_node customer = selectOne(saved.node(), paths::kReceivable, "Maple Street Bakery");
+    bool found = false;
+    for (pugi::xml_node item : elementChildren(monthEntry(customer, 4, 3)))
+        if (childText(item, 0) == "7") {
+            EXPECT_EQ(childText(item, 1), "650.00");
+            found = true;
+        }
+    EXPECT_TRUE(found);
+    EXPECT_EQ(nodeText(monthEntry(customer, 4, 4)), april);
+    EXPECT_EQ(savedField(7, schema::kDebit), "650.00");
+}
+
+TEST_F(CellCommitTest, AnAmountThatIsNotANumberIsRefusedAndNothingIsWritten) {
+    std::string before = readFile(file());
+    for (const char* bad : {"abc", "1e40"}) {
+        prompter.shown.clear();
+        EXPECT_FALSE(HideEditor(session, row(1), f().amount, bad));
+        EXPECT_EQ(prompter.shown, (std::vector<std::string>{"runtime error in HideEditor() "}));
+        EXPECT_EQ(readFile(file()), before);
+    }
+    EXPECT_FALSE(Document::load(file()).loadFailed());
+}
+
+TEST_F(CellCommitTest, ACheckNumberOnAnUnplannedLineMatchesTheMonthsCheque) {
+    const int last = row(25);
+    EXPECT_TRUE(HideEditor(session, last, f().check, "2046"));
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_EQ(savedField(25, schema::kCheck), "2046");
+    EXPECT_EQ(savedField(25, schema::kTypeOfEntry), "posted check");
+    EXPECT_EQ(savedField(25, schema::kDebit), "46.43");
+    EXPECT_EQ(savedField(3, schema::kStatus), "cleared");
+
+    EXPECT_TRUE(HideEditor(session, last, f().check, "9999"));
+    EXPECT_EQ(prompter.shown, (std::vector<std::string>{kCheckNumberNotFound}));
+    EXPECT_EQ(savedField(25, schema::kCheck), "9999");
+}
+
+TEST_F(CellCommitTest, AStatusReachesTheLineAndThePlan) {
+    EXPECT_TRUE(HideEditor(session, row(3), f().status, "pending"));
+    EXPECT_EQ(savedField(3, schema::kStatus), "pending");
+    Document saved = Document::load(file());
+    EXPECT_EQ(childText(monthEntry(selectOne(saved.node(), paths::kExpense, "Water"), 7, 3), 4),
+              "pending");
+}
+
+TEST_F(CellCommitTest, ACommitDuringAnotherIsDropped) {
+    std::string before = readFile(file());
+    session.view.committing = true;
+    EXPECT_FALSE(HideEditor(session, row(1), f().amount, "5"));
+    EXPECT_EQ(readFile(file()), before);
+    session.view.committing = false;
+    EXPECT_TRUE(HideEditor(session, row(1), f().amount, "5"));
+    EXPECT_FALSE(session.view.committing);
+}
+
+}  // namespace
+}  // namespace tallix

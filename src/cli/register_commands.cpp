@@ -73,7 +73,8 @@ int runShow(const Arguments& given, std::ostream& out, std::ostream& err) {
     bool shown = displayMonth(session, std::to_string(session.month));
     if (shown)
         printTable(session, out);
-    return shown ? finish(opened) : kFaultsFound;
+    // A month that failed is a failure, not a month without lines.
+    return shown || opened.prompter.failed() ? finish(opened) : kFaultsFound;
 }
 
 int runUpdateAll(const Arguments& given, std::ostream&, std::ostream& err) {

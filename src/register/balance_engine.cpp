@@ -1,5 +1,6 @@
 #include "register/balance_engine.h"
 
+#include <charconv>
 #include <cmath>
 #include <string>
 
@@ -84,17 +85,25 @@ class BalanceEngine {
                 write(childAt(monthEntry(expense, kExpenseMonths, month_), kEntryAmount), "0");
     }
 
+    // The start values are written the way the C library prints a number
+    // ("1200.500000"), with a decimal point whatever the process locale: a
+    // decimal comma would be read back as a whole number.
+    static std::string startText(double value) {
+        char buffer[400];
+        auto end =
+            std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 6);
+        return std::string(buffer, end.ptr);
+    }
     void fillStartingRow(int start) {
-        // The start values are written the way the C library prints a number.
         for (const Bank& bank : institutions_.banks)
             for (const BankAccount& a : bank.accounts) {
                 if (a.reg.bound())
-                    t_.set(start, a.reg.column, std::to_string(a.reg.startValue));
+                    t_.set(start, a.reg.column, startText(a.reg.startValue));
                 if (a.bank.bound())
-                    t_.set(start, a.bank.column, std::to_string(a.bank.startValue));
+                    t_.set(start, a.bank.column, startText(a.bank.startValue));
             }
         for (const CreditCard& card : institutions_.cards)
-            t_.set(start, card.column, std::to_string(card.startValue));
+            t_.set(start, card.column, startText(card.startValue));
     }
 
     // ---- the main pass -----------------------------------------------------
@@ -103,6 +112,12 @@ class BalanceEngine {
         const std::string type = cell(n, f_.typeofentry);
         const std::string institution = cell(n, f_.institution);
 
+        // A line without an institution (a blank line, or one still being
+        // filled in) changes no balance and is no error, whatever it names.
+        if (isBlankCell(institution)) {
+            carryRowUnchanged(n);
+            return;
+        }
         if (expense == "Income" || type == "deposit" || type == "receivable") {
             if (!incomeOrDeposit(n, expense))
                 return;
@@ -128,11 +143,6 @@ class BalanceEngine {
                 extra = textToAmount(cell(n, f_.info));
         }
 
-        // A blank line changes no balance and is no error.
-        if (isBlankCell(institution)) {
-            carryRowUnchanged(n);
-            return;
-        }
         if (!institutions_.isBank(institution) && institution != schema::kCreditCardsId) {
             message(kInstitutionNotFound + std::to_string(n));
             carryRowUnchanged(n);
@@ -217,10 +227,15 @@ class BalanceEngine {
         changed_ = true;
     }
 
+    // Every balance cell of the row, outstanding ones included, carries the
+    // row below.
     void carryRowUnchanged(int n) {
         for (const Bank& bank : institutions_.banks)
-            for (const BankAccount& a : bank.accounts)
+            for (const BankAccount& a : bank.accounts) {
                 carryAccount(n, a);
+                if (a.outstanding.bound())
+                    copyDown(n, a.outstanding.column);
+            }
         for (const CreditCard& card : institutions_.cards)
             copyDown(n, card.column);
     }

@@ -1,5 +1,6 @@
 #include "register/month_load.h"
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -87,10 +88,27 @@ void insertLine(pugi::xml_node month, const Posting& p) {
         appendTextElement(line, schema::kLineChildren[k], values[k]);
 }
 
-void renumber(pugi::xml_node month) {
+// Numbers the lines 1..n again and keeps the customers' items of the month
+// pointing at the same lines. A new line's old number is "0", which no item
+// names.
+void renumber(pugi::xml_node data, pugi::xml_node month, int monthNumber) {
+    std::map<std::string, std::string> moved;
     int n = 1;
-    for (pugi::xml_node line : elementChildren(month))
-        setAttributeText(std::to_string(n++), "line", line);
+    for (pugi::xml_node line : elementChildren(month)) {
+        std::string now = std::to_string(n++);
+        std::string before = attributeText("line", line);
+        if (before != now && before != "0")
+            moved[before] = now;
+        setAttributeText(now, "line", line);
+    }
+    if (moved.empty())
+        return;
+    for (pugi::xml_node customer : selectAll(data, paths::kAllReceivables))
+        for (pugi::xml_node item : elementChildren(monthEntry(customer, 4, monthNumber))) {
+            auto it = moved.find(childText(item, 0));
+            if (it != moved.end())
+                setChildText(item, 0, it->second);
+        }
 }
 
 // The entry's amount, or the repeating amount when the entry has none.
@@ -122,12 +140,14 @@ int postDueEntries(Session& session) {
         std::optional<DueDate> due = parseDate(childText(entry, 3));
         if (childText(entry, 4) != "notpaid" || !due || !onOrBefore(*due, session.today))
             continue;
+        // Only an "auto" entry is cleared at once; "Auto-Bank" and recurring
+        // ones wait for the bank as "processing".
         const bool automatic = kind != "recurring";
         post(entry, 4, *due,
              {"", attributeText("id", expense),
               amountFor(childText(entry, 1), childText(expense, 6)), childText(expense, 0),
               childText(expense, 4), childText(expense, 2), "recurring", automatic ? kind : "debit",
-              automatic ? "cleared" : "processing"});
+              kind == "auto" ? "cleared" : "processing"});
     }
     for (pugi::xml_node source : selectAll(data, paths::kAllIncome)) {
         const std::string kind = childText(source, 2);
@@ -142,7 +162,7 @@ int postDueEntries(Session& session) {
               "Income", childText(source, 0), childText(source, 1), "", "deposit", "processing"});
     }
     if (posted > 0)
-        renumber(monthNode);
+        renumber(data, monthNode, month);
     return posted;
 }
 

@@ -11,6 +11,8 @@
 #include "app/session.h"
 #include "app/startup.h"
 #include "app/year_files.h"
+#include "register/month_display.h"
+#include "ui/grid_model.h"
 #include "ui/month_buttons.h"
 #include "ui/picture_buttons.h"
 
@@ -27,6 +29,8 @@ CTallixDlg::CTallixDlg(Session& session, QWidget* parent) : QDialog(parent), ses
     layout->addWidget(monthButtons_);
     layout->addWidget(pictureButtons_);
     layout->addWidget(grid_, 1);
+    gridModel_ = new GridModel(session_.view, this);
+    setUpGrid();
     resize(1280, 760);
 
     buildMenus();
@@ -38,10 +42,12 @@ void CTallixDlg::OnInitDialog() {
     guarded(session_.prompter(), "OnInitDialog", [&] {
         openYearAtStartup(session_);
         checkBackupTarget(session_);
-        grid_->setShowGrid(true);
-        grid_->setFont(QFont(QStringLiteral("Courier New"), 9));
-        grid_->horizontalHeader()->setHighlightSections(false);
+        loadColumns(session_);
         setWindowTitle(QString::fromStdString(session_.title()));
+        session_.month = session_.today.month;
+        displayMonth(session_, std::to_string(session_.month));
+        showDisplayedMonth();
+        fitWidthToGrid();
         monthButtons_->press(session_.month);
         buildCustomersMenu();
     });
@@ -69,14 +75,28 @@ void CTallixDlg::OnMonthButton(int month) {
     guarded(session_.prompter(), "OnMonthButton", [&] {
         monthButtons_->press(month);
         session_.month = month;
-        setWindowTitle(QString::fromStdString(session_.title()));
+        session_.view.rememberedRow = 31;
+        const int shownLines = session_.view.lineCount;
+        if (displayMonth(session_, std::to_string(month)))
+            showDisplayedMonth();
+        else
+            // Refused (a month without lines): the grid keeps the month it
+            // showed, starting row included.
+            session_.view.lineCount = shownLines;
     });
 }
 
 void CTallixDlg::OnYearsMenu(const QString& year) {
     if (!processprevyearrequest(session_, year.toStdString()))
         return;
+    // Nothing of the other year stays on screen, even when this year's month
+    // turns out to have no lines.
+    session_.view.table.clear();
+    session_.view.lineCount = 0;
     setWindowTitle(QString::fromStdString(session_.title()));
+    loadColumns(session_);
+    displayMonth(session_, std::to_string(session_.month));
+    showDisplayedMonth();
 }
 
 void CTallixDlg::OnCustomerCommand(int command) {

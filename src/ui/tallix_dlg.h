@@ -11,6 +11,7 @@ class Session;
 
 namespace tallix::ui {
 
+class GridModel;
 class MonthButtons;
 class PictureButtons;
 
@@ -27,8 +28,17 @@ class CTallixDlg : public QDialog {
     // Exit (File > Exit, Escape, closing the window): writes the backups, then
     // closes; a failed backup keeps the window open.
     void OnBnClickedCancel();
+    // A month button: shows that month; a month without lines is refused and
+    // the grid keeps what it showed.
     void OnMonthButton(int month);
     void OnYearsMenu(const QString& year);
+    // Tools > Refresh and the refresh button: reads the data file again.
+    void Refresh();
+    // The update button: posts what is due and recomputes the month.
+    void OnToolsUpdate();
+    // Tools > Update all months: recomputes January to December in turn and
+    // leaves December displayed.
+    void OnToolsUpdateallmonths();
     // The Customers menu: the commands change nothing.
     void OnCustomerCommand(int command);
 
@@ -37,6 +47,7 @@ class CTallixDlg : public QDialog {
     MonthButtons* monthButtons() const { return monthButtons_; }
     PictureButtons* pictureButtons() const { return pictureButtons_; }
     QTableView* grid() const { return grid_; }
+    GridModel* gridModel() const { return gridModel_; }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -47,6 +58,16 @@ class CTallixDlg : public QDialog {
     void buildCustomersMenu();
     void showNotAvailable(const QString& command);
     void connectPictureButtons();
+    void setUpGrid();
+    // Shows the grid table as the core left it: rows, column widths, the
+    // remembered row in view (or the scroll position as it was), and the
+    // title of the displayed month.
+    void showDisplayedMonth(bool keepScrollPosition = false);
+    // A column's width on screen from its definition's width (pixels at six
+    // per character), in the grid's font and wide enough for its title.
+    int columnPixels(int definitionWidth, const QString& title) const;
+    // Widens the window, within the screen, to show every column.
+    void fitWidthToGrid();
 
     Session& session_;
     QMenuBar* menuBar_ = nullptr;
@@ -54,6 +75,7 @@ class CTallixDlg : public QDialog {
     MonthButtons* monthButtons_ = nullptr;
     PictureButtons* pictureButtons_ = nullptr;
     QTableView* grid_ = nullptr;
+    GridModel* gridModel_ = nullptr;
 };
 
 }  // namespace tallix::ui

@@ -43,13 +43,14 @@ void CTallixDlg::buildMenus() {
         notYet(manage, QString::fromLatin1(item));
 
     QMenu* tools = menuBar_->addMenu(QStringLiteral("Tools"));
-    notYet(tools, QStringLiteral("Refresh"));
+    tools->addAction(QStringLiteral("Refresh"), this, &CTallixDlg::Refresh);
     notYet(tools, QStringLiteral("Recurring expenses"));
     QMenu* reports = tools->addMenu(QStringLiteral("Reports"));
     for (const char* item : kReportItems)
         notYet(reports, QString::fromLatin1(item));
     notYet(tools, QStringLiteral("Make next year"));
-    notYet(tools, QStringLiteral("Update all months"));
+    tools->addAction(QStringLiteral("Update all months"), this,
+                     &CTallixDlg::OnToolsUpdateallmonths);
 
     QMenu* years = menuBar_->addMenu(QStringLiteral("Years"));
     for (const std::string& year : yearsMenuItems()) {
@@ -90,7 +91,12 @@ void CTallixDlg::connectPictureButtons() {
                                              "Income",      "Receivables", "Bank or Institution",
                                              "Credit Card", "Description", "Category"};
     connect(pictureButtons_, &PictureButtons::clicked, this, [this](PictureButtons::Task task) {
-        showNotAvailable(QString::fromLatin1(kTaskNames[task]));
+        if (task == PictureButtons::kRefresh)
+            Refresh();
+        else if (task == PictureButtons::kUpdate)
+            OnToolsUpdate();
+        else
+            showNotAvailable(QString::fromLatin1(kTaskNames[task]));
     });
 }
 

@@ -1,0 +1,152 @@
+// The balance engine's edges beyond the hand-computed March: empty months,
+// the children a month starts from and closes into, and the lines it skips.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <tuple>
+
+#include "data/values.h"
+#include "register/year_file.h"
+
+namespace tallix {
+namespace {
+
+using test::YearFile;
+namespace col = test::col;
+
+pugi::xml_node marchLine(YearFile& year, int line) {
+    return childAt(year.month("March"), static_cast<size_t>(line - 1));
+}
+pugi::xml_node bankGroup(YearFile& year, const std::string& bank, size_t group) {
+    return childAt(childAt(requireOne(year.data(), paths::kInstitutionName, bank), 0), group);
+}
+pugi::xml_node card(YearFile& year, const std::string& name) {
+    return requireOne(year.data(), paths::kInstitutionName, name);
+}
+
+TEST(BalanceEngine, AMonthWithoutLinesStillResetsItsIncomeAndAccumulatedTotals) {
+    YearFile year({2026, 3, 15});
+    year.session().month = 1;
+    ASSERT_TRUE(OnToolsUpdate(year.session()));
+    Document saved = Document::load(year.path);
+    using Total = std::tuple<const char*, const char*, size_t>;
+    for (auto [prefix, id, months] :
+         {Total{paths::kExpense, "Groceries", 7}, Total{paths::kIncome, "Side Gig", 6},
+          Total{paths::kIncome, "IRA Draw", 6}})
+        EXPECT_EQ(childText(childAt(childAt(requireOne(saved.node(), prefix, id), months), 0), 1),
+                  "0")
+            << id;
+    // Only accumulated totals are reset. No closing runs: February's starting
+    // values stay and no RMD is worked out (it would show its message).
+    EXPECT_EQ(childText(bankGroup(year, "Harbor Bank", 1), 2), "950.00");
+    EXPECT_EQ(childText(card(year, "Visa"), 6), "22.00");
+    EXPECT_TRUE(year.prompter.shown.empty());
+    EXPECT_EQ(childText(year.planMonth(paths::kExpense, "Rent", 7, 1), 1), "800.00");
+}
+
+// A card starts January from child 2 and every other month m from child
+// m + 4; a month closes into child m + 5 of a card and m + 1 of an account.
+TEST(BalanceEngine, CardsAndAccountsStartFromTheirMonthsChildAndCloseIntoTheNext) {
+    struct Case {
+        int month;
+        std::string visa, register_;
+    };
+    YearFile year({2026, 3, 15});
+    // December first, January last: each month's closing is the next one's start.
+    for (const Case& c : {Case{12, "33.000000", "0.000000"}, Case{2, "22.000000", "950.000000"},
+                          Case{1, "11.000000", "900.000000"}}) {
+        SCOPED_TRACE(c.month);
+        year.month(monthName(c.month)).append_copy(marchLine(year, 7));  // a blank line
+        ASSERT_TRUE(year.show(c.month));
+        EXPECT_EQ(year.cell(0, col::kVisa), c.visa);
+        EXPECT_EQ(year.cell(0, col::kCkRegister), c.register_);
+        EXPECT_EQ(childText(card(year, "Visa"), static_cast<size_t>(c.month + 5)), c.visa);
+        EXPECT_EQ(childText(bankGroup(year, "Harbor Bank", 1), static_cast<size_t>(c.month + 1)),
+                  c.register_);
+    }
+}
+
+struct Variation {
+    const char* name;
+    std::function<void(YearFile&)> change;
+    std::function<void(YearFile&)> check;
+};
+
+class MarchVariation : public ::testing::TestWithParam<Variation> {};
+
+TEST_P(MarchVariation, ShowsAsDecided) {
+    YearFile year({2026, 3, 15});
+    GetParam().change(year);
+    year.show(3);
+    GetParam().check(year);
+}
+
+bool wasShown(YearFile& year, const std::string& text) {
+    return std::find(year.prompter.shown.begin(), year.prompter.shown.end(), text) !=
+           year.prompter.shown.end();
+}
+
+const Variation kVariations[] = {
+    {"AReceivableRewritesItsOwnItem",
+     [](YearFile& y) {
+         pugi::xml_node item = childAt(
+             childAt(childAt(requireOne(y.data(), paths::kReceivable, "Oak Cafe"), 4), 2), 0);
+         setChildText(item, 0, "11");
+         setChildText(item, 1, "10.00");
+     },
+     [](YearFile& y) {
+         pugi::xml_node march =
+             childAt(childAt(requireOne(y.data(), paths::kReceivable, "Oak Cafe"), 4), 2);
+         ASSERT_EQ(elementChildCount(march), 1u);
+         EXPECT_EQ(childText(childAt(march, 0), 1), "150.00");
+         EXPECT_EQ(y.cell(10, col::kCkRegister), "409.90");
+     }},
+    {"AnUnknownCustomerIsSkipped",
+     [](YearFile& y) { setChildText(marchLine(y, 11), 1, "Pine Deli"); },
+     [](YearFile& y) {
+         EXPECT_TRUE(wasShown(y, "deposit name not found on line11 ...skipping"));
+         for (int c = col::kCkRegister; c <= col::kAmex; ++c)
+             EXPECT_EQ(y.cell(10, c), " ") << c;
+         EXPECT_EQ(y.cell(9, col::kCkRegister), "-72.00");  // computed from the blank row
+     }},
+    {"ABlankFirstRowClosesWithBogusBankClosings",
+     [](YearFile& y) { setChildText(marchLine(y, 1), 4, "Hobbies"); },
+     [](YearFile& y) {
+         EXPECT_EQ(std::count(y.prompter.shown.begin(), y.prompter.shown.end(),
+                              std::string("bogus bank closing")),
+                   2);
+         EXPECT_EQ(childText(bankGroup(y, "Summit Savings", 2), 4), "");
+     }},
+    {"ALineWithoutAnInstitutionChangesNothingAndShowsNothing",
+     [](YearFile& y) {
+         setChildText(marchLine(y, 4), 7, "");            // names an unknown expense
+         setChildText(marchLine(y, 11), 1, "Pine Deli");  // an unknown customer
+         setChildText(marchLine(y, 11), 7, "");
+     },
+     [](YearFile& y) {
+         EXPECT_FALSE(wasShown(y, "Name of expense on line 4 not found "));
+         EXPECT_FALSE(wasShown(y, "deposit name not found on line11 ...skipping"));
+         for (int row : {3, 10})
+             for (int c = col::kCkRegister; c <= col::kAmex; ++c)
+                 EXPECT_EQ(y.cell(row, c), y.cell(row + 1, c)) << row << " " << c;
+         EXPECT_EQ(y.cell(3, col::kCkOutstanding), "305.60");
+     }},
+    {"AnUnreadableAmountEndsTheRun", [](YearFile& y) { setChildText(marchLine(y, 16), 2, "abc"); },
+     [](YearFile& y) { EXPECT_EQ(y.prompter.shown.back(), "runtime error in displayMonth() "); }},
+    {"ATipOnlyCountsOnARestaurantLine",
+     [](YearFile& y) {
+         setChildText(marchLine(y, 10), 1, "Groceries");
+         setChildText(marchLine(y, 1), 9, "99.00");
+     },
+     [](YearFile& y) {
+         EXPECT_EQ(y.cell(9, col::kCkRegister), "349.90");  // 409.90 - 60.00
+         EXPECT_EQ(childText(y.planMonth(paths::kExpense, "Groceries", 7, 3), 1), "135.65");
+     }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Lines, MarchVariation, ::testing::ValuesIn(kVariations),
+                         [](const auto& param) { return std::string(param.param.name); });
+
+}  // namespace
+}  // namespace tallix

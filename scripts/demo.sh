@@ -13,6 +13,8 @@ sed '/<year year="2026">/,/<\/year>/ {
     s|<file></file>|<file>tallix2026.xml</file>|
     s|<status>not initialized</status>|<status>initialized</status>|
 }' res/first_tallix.xml >"$root/tallix/tallix.xml"
+# Carry each month's closing into the next, as Tools > Update all months does.
+./build/default/tallix-cli update-all "$root/tallix/tallix2026.xml" 2>/dev/null || true
 echo "Sample year copied to $root/tallix" >&2
 cd build/default
 exec ./tallix --data-root "$root"

@@ -615,6 +615,13 @@ def plan_status(lines):
     return "notpaid"
 
 
+def posted_status(lines):
+    """A plan entry whose line is already in the register was posted there:
+    it is no longer "notpaid", or showing the month would post it again."""
+    status = plan_status(lines)
+    return "posted" if status == "notpaid" else status
+
+
 def month_entry(m, amount, datepaid, duedate, status, kind, check):
     return E("month", children=[
         leaf("name", MONTHS[m - 1]), leaf("amount", amount),
@@ -677,7 +684,7 @@ def expense_months(year, name, etype, closing, repeating):
         due = date_text(m, closing)
         if lines:
             line = lines[0]
-            status = plan_status(lines)
+            status = posted_status(lines)
             entries.append(month_entry(
                 m, money(line.cents),
                 date_text(m, line.day) if status != "notpaid" else "0",
@@ -719,7 +726,7 @@ def income_element(year):
             if lines:
                 total = sum(l.cents for l in lines)
                 day = lines[0].day
-                status = plan_status(lines)
+                status = posted_status(lines)
             else:
                 total = 0
                 status = "notpaid"

@@ -29,6 +29,16 @@ void collectText(pugi::xml_node top, std::string& out) {
     }
 }
 
+std::string_view trimmed(std::string_view text) {
+    size_t begin = 0;
+    size_t end = text.size();
+    while (begin < end && isBlank(text[begin]))
+        ++begin;
+    while (end > begin && isBlank(text[end - 1]))
+        --end;
+    return text.substr(begin, end - begin);
+}
+
 std::string describe(pugi::xml_node node) {
     std::string name = node.name();
     if (pugi::xml_attribute id = node.attribute("id"))
@@ -44,18 +54,20 @@ void requireNode(pugi::xml_node node, std::string_view what) {
 }  // namespace
 
 std::string nodeText(pugi::xml_node node) {
+    auto isText = [](pugi::xml_node n) {
+        return n.type() == pugi::node_pcdata || n.type() == pugi::node_cdata;
+    };
+    // A text node, or the usual element holding one text child or none, is
+    // trimmed where it stands; gathering a copy first cost the register a
+    // second string for every field of every line.
+    pugi::xml_node only = node.first_child();
+    if (isText(node))
+        return std::string(trimmed(node.value()));
+    if (node.type() == pugi::node_element && (!only || (isText(only) && !only.next_sibling())))
+        return std::string(trimmed(only.value()));
     std::string out;
-    if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata)
-        out = node.value();
-    else
-        collectText(node, out);
-    size_t begin = 0;
-    size_t end = out.size();
-    while (begin < end && isBlank(out[begin]))
-        ++begin;
-    while (end > begin && isBlank(out[end - 1]))
-        --end;
-    return out.substr(begin, end - begin);
+    collectText(node, out);
+    return std::string(trimmed(out));
 }
 
 void setNodeText(pugi::xml_node node, std::string_view text) {

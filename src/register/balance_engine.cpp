@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <map>
 #include <string>
 
 #include "app/session.h"
@@ -43,19 +44,32 @@ class BalanceEngine {
         session_.view.markedRow = -1;
         institutions_ = readInstitutions(data_, month_);
         resetMonthTotals();
-        if (count == 0 || t_.rowCount() != count + 1)
-            return changed_;
-        fillStartingRow(count);
-        for (int n = count - 1; n >= 0; --n)
-            processLine(n, lines[n]);
-        close(count);
-        return changed_;
+        if (count > 0 && t_.rowCount() == count + 1) {
+            fillStartingRow(count);
+            for (int n = count - 1; n >= 0; --n)
+                processLine(n, lines[n]);
+            close(count);
+        }
+        return changed_ || anyTextChanged();
     }
 
   private:
     // ---- the document ------------------------------------------------------
+    // The month's totals are reset to "0" and added up again on every run, so
+    // a write alone says nothing: the document changed only where a text
+    // ends the run different from what it was before it.
     void write(pugi::xml_node node, const std::string& text) {
-        changed_ |= updateNodeText(node, text);
+        std::string before = nodeText(node);
+        if (before == text)
+            return;
+        originals_.emplace(node.internal_object(), std::move(before));
+        setNodeText(node, text);
+    }
+    bool anyTextChanged() const {
+        for (const auto& [node, before] : originals_)
+            if (nodeText(pugi::xml_node(node)) != before)
+                return true;
+        return false;
     }
     void addToAmount(pugi::xml_node entry, double amount) {
         pugi::xml_node field = childAt(entry, kEntryAmount);
@@ -375,7 +389,8 @@ class BalanceEngine {
     PlanIndex plan_;
     Institutions institutions_;
     double working_ = 0;
-    bool changed_ = false;
+    bool changed_ = false;  // set by what cannot be undone by a later write
+    std::map<pugi::xml_node_struct*, std::string> originals_;
 };
 
 }  // namespace

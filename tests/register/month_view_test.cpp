@@ -139,3 +139,21 @@ TEST(MonthDisplay, RefreshShowsTheFileAsItIsOnDiskAndPostsNothing) {
 
 }  // namespace
 }  // namespace tallix
+
+namespace tallix {
+namespace {
+
+// Showing a month saves the file when the engine changed it, and only then:
+// the month's totals are reset and added up again on every run.
+TEST(MonthDisplay, ShowingAnUnchangedMonthAgainWritesNothing) {
+    test::YearFile year({2026, 11, 21});
+    ASSERT_TRUE(year.show(3));
+    const auto written = std::filesystem::last_write_time(year.path);
+    const std::string bytes = test::readFile(year.path);
+    ASSERT_TRUE(year.show(3));
+    EXPECT_EQ(std::filesystem::last_write_time(year.path), written);
+    EXPECT_EQ(test::readFile(year.path), bytes);
+}
+
+}  // namespace
+}  // namespace tallix

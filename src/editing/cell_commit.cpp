@@ -74,10 +74,11 @@ class Commit {
                     writePlan(kEntryStatus, text);
             }
         } else if (!planned_ && column_ == f_.check) {
-            if (!text.empty())
+            if (!text.empty()) {
                 writeLine(text);
-            if (!text.empty())
                 matchCheckNumber(s_, row_, text);
+                markCheckCells();
+            }
         } else if (column_ == f_.amount) {
             text = amount(text);
             if (planned_)
@@ -95,6 +96,13 @@ class Commit {
     }
 
   private:
+    // A number typed on a line outside the plan stands out in the check
+    // colours, matched or not, until the month is displayed again.
+    void markCheckCells() {
+        const CellColours colours{cell_colour::kPostedCheck, cell_colour::kWhite};
+        s_.view.cellOverrides[{row_, f_.check}] = colours;
+        s_.view.cellOverrides[{row_, f_.info}] = colours;
+    }
     void writeLine(const std::string& text) {
         if (child_ >= 0)
             setChildText(line_, static_cast<size_t>(child_), text);

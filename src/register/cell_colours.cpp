@@ -86,6 +86,8 @@ CellColours ordinaryColours(int row, int column, const RegisterView& view) {
 CellColours cellColours(int row, int column, const RegisterView& view) {
     if (!view.table.contains(row, column))
         return {};
+    if (auto own = view.cellOverrides.find({row, column}); own != view.cellOverrides.end())
+        return own->second;
     if (row == view.markedRow) {
         const FieldColumns& f = view.fields;
         bool markedCellOnly = view.markedColumn == f.expense || view.markedColumn == f.description;

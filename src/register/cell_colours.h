@@ -45,6 +45,7 @@ inline constexpr Rgb kWhite{255, 255, 255};
 
 // The colours of the cell at (row, column) of view.table, first rule that
 // applies:
+//  - the cell's own colours (RegisterView::cellOverrides);
 //  - the marked row: yellow on the marked cell when the marked column is the
 //    Expense or the Description column (the row's other cells keep their
 //    ordinary colours), otherwise on every cell of the row;

@@ -2,6 +2,10 @@
 // What the main window keeps of the displayed month: its grid columns, the
 // positions of the field columns, the grid table and the cells marked for
 // editing. The month itself is the session's month.
+#include <map>
+#include <utility>
+
+#include "register/cell_colours.h"
 #include "register/grid_table.h"
 #include "register/register_columns.h"
 
@@ -25,6 +29,9 @@ struct RegisterView {
     // Set while an edited cell is being committed, so that a second commit
     // (a click arriving during a Tab) waits its turn instead of interleaving.
     bool committing = false;
+    // Colours a commit gave single cells (row, column); they are drawn over
+    // every other colour rule until a month is displayed again.
+    std::map<std::pair<int, int>, CellColours> cellOverrides;
 };
 
 }  // namespace tallix

@@ -13,6 +13,7 @@
 #include "app/session.h"
 #include "register/month_display.h"
 #include "ui/grid_model.h"
+#include "ui/register_grid.h"
 #include "ui/tallix_dlg.h"
 
 namespace tallix::ui {
@@ -71,11 +72,19 @@ void CTallixDlg::setUpGrid() {
     header->setHighlightSections(false);
     header->setMinimumSectionSize(1);  // column 0 is one pixel wide
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    // Typing, clicks and the pickers; after a change the same month is shown
+    // again where the user scrolled it.
+    new RegisterGrid(
+        session_, grid_, gridModel_, [this] { showDisplayedMonth(true); }, this);
 }
 
 void CTallixDlg::showDisplayedMonth(bool keepScrollPosition) {
     const QPoint scrolled(grid_->horizontalScrollBar()->value(),
                           grid_->verticalScrollBar()->value());
+    // A month displayed anew drops the colours earlier commits gave cells; the
+    // same month recomputed keeps them.
+    if (!keepScrollPosition)
+        session_.view.cellOverrides.clear();
     gridModel_->reload();
     const auto& columns = session_.view.grid.columns;
     for (size_t i = 0; i < columns.size(); ++i)

@@ -1,0 +1,296 @@
+#include "ui/register_grid.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTableView>
+
+#include "app/guard.h"
+#include "app/session.h"
+#include "editing/cell_choices.h"
+#include "editing/cell_commit.h"
+#include "reference/descriptions.h"
+#include "register/month_display.h"
+#include "ui/grid_model.h"
+
+namespace tallix::ui {
+namespace {
+
+// A blank cell holds a single blank; the editor starts empty on it.
+QString editableText(const GridTable& table, int row, int column) {
+    const std::string& text = table.cell(row, column);
+    return isBlankCell(text) ? QString() : QString::fromStdString(text);
+}
+
+std::string cellText(const GridTable& table, int row, int column) {
+    const std::string& text = table.cell(row, column);
+    return isBlankCell(text) ? std::string() : text;
+}
+
+}  // namespace
+
+RegisterGrid::RegisterGrid(Session& session, QTableView* view, GridModel* model,
+                           std::function<void()> redraw, QObject* parent)
+    : QObject(parent),
+      session_(session),
+      view_(view),
+      model_(model),
+      redraw_(std::move(redraw)),
+      pickers_(dialogPickers(view)) {
+    view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view_->viewport()->installEventFilter(this);
+    editor_ = new QLineEdit(view_->viewport());
+    editor_->setFrame(false);
+    editor_->hide();
+    editor_->installEventFilter(this);
+
+    // A month shown by another command takes the open editor with it unsaved:
+    // its cell belongs to the month that went away.
+    connect(model_, &QAbstractItemModel::modelAboutToBeReset, this, &RegisterGrid::discardEditor);
+    connect(view_->horizontalScrollBar(), &QScrollBar::valueChanged, this,
+            &RegisterGrid::placeEditor);
+    connect(view_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &RegisterGrid::placeEditor);
+    connect(view_->horizontalHeader(), &QHeaderView::sectionResized, this,
+            &RegisterGrid::placeEditor);
+}
+
+RegisterGrid::~RegisterGrid() = default;
+
+void RegisterGrid::setPickers(std::unique_ptr<GridPickers> pickers) {
+    pickers_ = std::move(pickers);
+}
+
+QLineEdit* RegisterGrid::openEditorWidget() const {
+    return session_.view.editorRow >= 0 ? editor_ : nullptr;
+}
+
+void RegisterGrid::openEditor(int row, int column) {
+    HideEditor();
+    RegisterView& v = session_.view;
+    if (!isEditableCell(v, row, column))
+        return;
+    v.editorRow = row;
+    v.editorColumn = column;
+    const QModelIndex index = model_->index(row, column);
+    view_->scrollTo(index);
+    view_->clearSelection();
+    editor_->setText(editableText(v.table, row, column));
+    placeEditor();
+    editor_->show();
+    editor_->setFocus(Qt::OtherFocusReason);
+    editor_->selectAll();
+    view_->viewport()->update();
+}
+
+bool RegisterGrid::HideEditor() {
+    RegisterView& v = session_.view;
+    if (v.editorRow < 0 || v.committing)
+        return false;
+    const int row = v.editorRow;
+    const int column = v.editorColumn;
+    const std::string text = editor_->text().toStdString();
+    v.editorRow = v.editorColumn = -1;
+    if (editor_->hasFocus())
+        view_->setFocus(Qt::OtherFocusReason);
+    editor_->hide();
+    const bool done = tallix::HideEditor(session_, row, column, text);
+    redraw_();
+    return done;
+}
+
+void RegisterGrid::discardEditor() {
+    RegisterView& v = session_.view;
+    if (v.editorRow < 0)
+        return;
+    v.editorRow = v.editorColumn = -1;
+    editor_->hide();
+}
+
+void RegisterGrid::placeEditor() {
+    const RegisterView& v = session_.view;
+    if (v.editorRow >= 0)
+        editor_->setGeometry(view_->visualRect(model_->index(v.editorRow, v.editorColumn)));
+}
+
+void RegisterGrid::moveEditor(bool forward) {
+    const RegisterView& v = session_.view;
+    const auto next = nextEditableCell(v, v.editorRow, v.editorColumn, forward);
+    HideEditor();
+    if (next)
+        openEditor(next->first, next->second);
+}
+
+bool RegisterGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view_->viewport()) {
+        switch (event->type()) {
+            case QEvent::MouseButtonPress: {
+                auto* mouse = static_cast<QMouseEvent*>(event);
+                if (mouse->button() == Qt::LeftButton)
+                    OnLButtonDown(mouse->position().toPoint());
+                else if (mouse->button() == Qt::RightButton)
+                    OnRButtonDown(mouse->position().toPoint());
+                return true;
+            }
+            case QEvent::MouseButtonDblClick: {
+                auto* mouse = static_cast<QMouseEvent*>(event);
+                if (mouse->button() == Qt::LeftButton)
+                    OnLButtonDblClk(mouse->position().toPoint());
+                return true;
+            }
+            case QEvent::MouseButtonRelease:
+            case QEvent::MouseMove:
+                // The grid answers presses only; the view's own selection by
+                // dragging stays off.
+                return true;
+            default:
+                return false;
+        }
+    }
+    if (watched == editor_) {
+        if (event->type() == QEvent::KeyPress)
+            return onEditorKey(static_cast<QKeyEvent*>(event));
+        if (event->type() == QEvent::FocusOut) {
+            // Leaving the editor for another control commits it. A click in the
+            // grid decides for itself, and a dialog or another window taking
+            // the focus leaves the edit open.
+            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+            QWidget* to = QApplication::focusWidget();
+            if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+                view_->window()->isVisible() && to != view_ && to != view_->viewport() &&
+                to != nullptr)
+                HideEditor();
+        }
+    }
+    return false;
+}
+
+bool RegisterGrid::onEditorKey(QKeyEvent* key) {
+    switch (key->key()) {
+        case Qt::Key_Tab:
+            if (key->modifiers() & Qt::ControlModifier)
+                return false;
+            moveEditor(!(key->modifiers() & Qt::ShiftModifier));
+            return true;
+        case Qt::Key_Backtab:
+            moveEditor(false);
+            return true;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            // Commits; the key goes no further, so the window stays open.
+            HideEditor();
+            return true;
+        case Qt::Key_Escape:
+            discardEditor();
+            view_->setFocus(Qt::OtherFocusReason);
+            view_->viewport()->update();
+            return true;
+        default:
+            return false;
+    }
+}
+
+void RegisterGrid::OnLButtonDown(const QPoint& at) {
+    const QModelIndex hit = view_->indexAt(at);
+    if (!hit.isValid())
+        return;  // outside the rows: not even the open edit is committed
+    const int row = hit.row();
+    const int column = hit.column();
+    guarded(session_.prompter(), "OnLButtonDown", [&] {
+        RegisterView& v = session_.view;
+        if (v.editorRow >= 0 && (v.editorRow != row || v.editorColumn != column))
+            HideEditor();
+        if (!v.table.contains(row, column))
+            return;
+        view_->setCurrentIndex(model_->index(row, column));
+        if (row >= v.lineCount)
+            return;  // the starting row has no line
+        const FieldColumns& f = v.fields;
+        if (column == f.status)
+            pickStatus(row);
+        else if (column == f.institution)
+            pickInstitution(row);
+        else if (column == f.expense)
+            mark(row, column);
+        else if (v.markedRow >= 0)
+            mark(-1, -1);
+    });
+}
+
+void RegisterGrid::OnRButtonDown(const QPoint& at) {
+    const QModelIndex hit = view_->indexAt(at);
+    if (!hit.isValid())
+        return;
+    const int row = hit.row();
+    const int column = hit.column();
+    guarded(session_.prompter(), "OnRButtonDown", [&] {
+        HideEditor();
+        const RegisterView& v = session_.view;
+        if (!v.table.contains(row, column))
+            return;
+        view_->setCurrentIndex(model_->index(row, column));
+        mark(row, column);
+        if (column == v.fields.description && row < v.lineCount)
+            pickDescription(row);
+    });
+}
+
+void RegisterGrid::OnLButtonDblClk(const QPoint& at) {
+    const QModelIndex hit = view_->indexAt(at);
+    if (!hit.isValid() || hit.column() < kFirstEditableColumn)
+        return;  // the first five columns are never edited in place
+    const int row = hit.row();
+    const int column = hit.column();
+    guarded(session_.prompter(), "OnLButtonDblClk", [&] { openEditor(row, column); });
+}
+
+void RegisterGrid::pickStatus(int row) {
+    const RegisterView& v = session_.view;
+    const std::optional<std::string> status =
+        pickers_->pickStatus(cellText(v.table, row, v.fields.status));
+    if (!status)
+        return;
+    writeStatus(session_, row, *status);
+    tallix::OnToolsUpdate(session_);
+    redraw_();
+}
+
+void RegisterGrid::pickInstitution(int row) {
+    const RegisterView& v = session_.view;
+    const BankChoice choice = pickers_->pickInstitution(
+        institutionChoices(session_.data.node()), cellText(v.table, row, v.fields.institution),
+        cellText(v.table, row, v.fields.account));
+    switch (choice.outcome) {
+        case BankChoice::Outcome::Canceled:
+            return;
+        case BankChoice::Outcome::Clear:
+            writeInstitution(session_, row, std::string(), std::string());
+            break;
+        case BankChoice::Outcome::Update:
+            writeInstitution(session_, row, choice.institution, choice.account);
+            break;
+    }
+    tallix::OnToolsUpdate(session_);
+    redraw_();
+}
+
+void RegisterGrid::pickDescription(int row) {
+    const RegisterView& v = session_.view;
+    const std::string answer = pickers_->pickDescription(
+        descriptions(session_.data.node()), cellText(v.table, row, v.fields.description));
+    if (answer != kDescriptionCancel)
+        writeDescription(session_, row, answer == kDescriptionClear ? std::string() : answer);
+    mark(-1, -1);
+}
+
+void RegisterGrid::mark(int row, int column) {
+    session_.view.markedRow = row;
+    session_.view.markedColumn = column;
+    view_->viewport()->update();
+}
+
+}  // namespace tallix::ui

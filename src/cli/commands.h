@@ -37,4 +37,14 @@ int runShow(const Arguments& arguments, std::ostream& out, std::ostream& err);
 // update-all FILE [--today YYYY-MM-DD]: Update all months, saving the file.
 int runUpdateAll(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
+// next-year DATAROOT YEAR [--name FILE]: Make next year from the file the
+// index in DATAROOT/tallix names for YEAR; prints the new file's path.
+int runNextYear(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// report KIND FILE [--month M] [--today YYYY-MM-DD]: prints the report's
+// column titles and rows as comma-separated lines and writes the report's own
+// file into the working folder. M (default: today's month) is the month of
+// the recurring report.
+int runReport(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
 }  // namespace tallix::cli

@@ -12,7 +12,7 @@ namespace {
 
 using tallix::cli::Command;
 
-constexpr std::array<Command, 3> kCommands = {{
+constexpr std::array<Command, 5> kCommands = {{
     {"check", "FILE",
      "report what a year data file or the index file lacks or holds out of shape, one line "
      "per fault; exit status 1 when there is any",
@@ -25,6 +25,16 @@ constexpr std::array<Command, 3> kCommands = {{
      "recompute every month from January to December, carrying each month's closing into the "
      "next, and save the file",
      tallix::cli::runUpdateAll},
+    {"next-year", "DATAROOT YEAR [--name FILE]",
+     "make next year's data file (FILE, default tallixYEAR+1.xml) from the file the index in "
+     "DATAROOT/tallix names for YEAR, enter it in the index and print its path",
+     tallix::cli::runNextYear},
+    {"report", "KIND FILE [--month M] [--today YYYY-MM-DD]",
+     "print a report's columns and rows as comma-separated lines and write its file "
+     "(yearendreport.csv, monthendreport.csv, monthendreceivablereport.csv) into the working "
+     "folder; KIND is recurring (for month M, default today's), year, monthly, "
+     "receivables-monthly or receivables-year",
+     tallix::cli::runReport},
 }};
 
 void printUsage(std::ostream& to) {

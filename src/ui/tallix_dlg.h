@@ -39,6 +39,10 @@ class CTallixDlg : public QDialog {
     // Tools > Update all months: recomputes January to December in turn and
     // leaves December displayed.
     void OnToolsUpdateallmonths();
+    // Tools > Make next year: the dialog, then the new year's month.
+    void OnToolsMakenextyear();
+    // Tools > Recurring expenses (7) and the Reports items (8, 9, 20, 21).
+    void OnReport(int number);
     // The Customers menu: the commands change nothing.
     void OnCustomerCommand(int command);
 

@@ -44,11 +44,15 @@ void CTallixDlg::buildMenus() {
 
     QMenu* tools = menuBar_->addMenu(QStringLiteral("Tools"));
     tools->addAction(QStringLiteral("Refresh"), this, &CTallixDlg::Refresh);
-    notYet(tools, QStringLiteral("Recurring expenses"));
+    tools->addAction(QStringLiteral("Recurring expenses"), this, [this] { OnReport(7); });
     QMenu* reports = tools->addMenu(QStringLiteral("Reports"));
-    for (const char* item : kReportItems)
-        notYet(reports, QString::fromLatin1(item));
-    notYet(tools, QStringLiteral("Make next year"));
+    constexpr int kReportNumbers[] = {8, 9, 20, 21};
+    for (size_t i = 0; i < std::size(kReportItems); ++i) {
+        const int number = kReportNumbers[i];
+        reports->addAction(QString::fromLatin1(kReportItems[i]), this,
+                           [this, number] { OnReport(number); });
+    }
+    tools->addAction(QStringLiteral("Make next year"), this, &CTallixDlg::OnToolsMakenextyear);
     tools->addAction(QStringLiteral("Update all months"), this,
                      &CTallixDlg::OnToolsUpdateallmonths);
 

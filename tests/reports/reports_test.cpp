@@ -1,0 +1,172 @@
+#include "reports/reports.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "data/document.h"
+#include "data/node_text.h"
+#include "data/query.h"
+#include "support/temp_dir.h"
+
+namespace tallix {
+namespace {
+
+using Row = std::vector<std::string>;
+using test::readFile;
+
+// tests/fixtures/reports/plan.xml: Housing (Rent, recurring; Power, auto,
+// with "$" and empty amounts), Living (Groceries, accumulate), two income
+// sources, two customers and one RMD holder with two accounts.
+class ReportsTest : public ::testing::Test {
+  protected:
+    Document plan = Document::load(test::sourceDir() / "tests/fixtures/reports/plan.xml");
+    test::TempDir dir;
+};
+
+TEST(ReportLayouts, TitlesColumnsAndFilesOfTheFiveReports) {
+    const ReportLayout& recurring = reportLayout(ReportKind::Recurring);
+    EXPECT_EQ(recurring.title, "EXPENSE: RECURRING REPORT");
+    ASSERT_EQ(recurring.columns.size(), 5u);
+    EXPECT_EQ(recurring.columns[0].title, "Expense");
+    EXPECT_EQ(recurring.columns[0].width, 200);
+    EXPECT_EQ(recurring.columns[4].title, "STATUS");
+    EXPECT_EQ(recurring.columns[4].width, 100);
+    EXPECT_EQ(recurring.fileName, "");
+
+    const ReportLayout& monthly = reportLayout(ReportKind::MonthlyExpenses);
+    EXPECT_EQ(monthly.title, "EXPENSE: CURRENT MONTH REPORT");
+    ASSERT_EQ(monthly.columns.size(), 14u);
+    EXPECT_EQ(monthly.columns[1].width, 200);
+    EXPECT_EQ(monthly.columns[2].title, "January");
+    EXPECT_EQ(monthly.columns[13].title, "December");
+    EXPECT_EQ(monthly.fileName, "monthendreport.csv");
+
+    EXPECT_EQ(reportLayout(ReportKind::YearEnd).title, "EXPENSE: YEAR END REPORT");
+    EXPECT_EQ(reportLayout(ReportKind::YearEnd).fileName, "yearendreport.csv");
+    EXPECT_EQ(reportLayout(ReportKind::MonthlyReceivables).title,
+              "RECEIVABLES: CURRENT MONTH REPORT");
+    EXPECT_EQ(reportLayout(ReportKind::MonthlyReceivables).columns[1].title, "CUSTOMER #");
+    EXPECT_EQ(reportLayout(ReportKind::MonthlyReceivables).fileName,
+              "monthendreceivablereport.csv");
+    EXPECT_EQ(reportLayout(ReportKind::ReceivablesYear).title, "RECEIVABLES: YEAR END REPORT");
+    EXPECT_EQ(reportLayout(ReportKind::ReceivablesYear).columns[1].width, 200);
+    EXPECT_EQ(reportLayout(ReportKind::ReceivablesYear).handlerName,
+              "OnReportsReceivableyeartodatetotals");
+
+    for (ReportKind kind : allReportKinds())
+        EXPECT_EQ(reportKindFromCliName(reportLayout(kind).cliName), kind);
+    EXPECT_FALSE(reportKindFromCliName("weekly"));
+}
+
+TEST_F(ReportsTest, RecurringListsTheMonthsRecurringAndAutoExpensesWithTotals) {
+    Report december = recurringReport(plan.node(), 12);
+    ASSERT_EQ(december.rows.size(), 4u);  // Groceries is not recurring
+    EXPECT_EQ(december.rows[0], (Row{"Rent", "1200.00", "12/1/2026", "0", "notpaid"}));
+    EXPECT_EQ(december.rows[1], (Row{"Power", "110.5", "12/18/2026", "0", "notpaid"}));
+    EXPECT_EQ(december.rows[2], (Row{"TOTAL", "1310.50", "", "", ""}));
+    EXPECT_EQ(december.rows[3], (Row{"LEFT TO PAY", "1310.50", "", "", ""}));
+    EXPECT_TRUE(isNotPaidCell(december, 0, 4));
+    EXPECT_FALSE(isNotPaidCell(december, 0, 3));
+    EXPECT_FALSE(isNotPaidCell(december, 2, 4));
+
+    Report january = recurringReport(plan.node(), 1);
+    EXPECT_EQ(january.rows[0], (Row{"Rent", "1200.00", "1/1/2026", "1/1/2026", "cleared"}));
+    EXPECT_EQ(january.rows[2], (Row{"TOTAL", "1280.10", "", "", ""}));
+    EXPECT_EQ(january.rows[3], (Row{"LEFT TO PAY", "0.00", "", "", ""}));
+    EXPECT_FALSE(isNotPaidCell(january, 0, 4));
+
+    // April: Rent is left out this month ("no entry") and counts for nothing;
+    // Power's amount is empty.
+    Report april = recurringReport(plan.node(), 4);
+    EXPECT_EQ(april.rows[0][4], "no entry");
+    EXPECT_EQ(april.rows[2], (Row{"TOTAL", "0.00", "", "", ""}));
+    EXPECT_EQ(april.rows[3], (Row{"LEFT TO PAY", "0.00", "", "", ""}));
+}
+
+TEST_F(ReportsTest, MonthlyExpenseTotalsWriteTheExpectedFileAndReplaceIt) {
+    Report report = buildReport(plan.node(), ReportKind::MonthlyExpenses, 3);
+    ASSERT_EQ(report.rows.size(), 5u);
+    EXPECT_EQ(report.rows[0][0], "Housing");
+    EXPECT_EQ(report.rows[0][1], " ");
+    EXPECT_EQ(report.rows[0][2], " ");
+    EXPECT_EQ(report.rows[2][1], "Power");
+    EXPECT_EQ(report.rows[2][3], "75");  // February, as written
+    EXPECT_EQ(report.rows[2][4], "0");   // March's "$"
+    EXPECT_EQ(report.rows[2][5], "0");   // April's empty amount
+
+    const std::string expected =
+        readFile(test::sourceDir() / "tests/fixtures/reports/monthendreport_expected.csv");
+    std::optional<std::filesystem::path> file = writeReportFile(report, dir.path());
+    ASSERT_TRUE(file);
+    EXPECT_EQ(*file, dir / "monthendreport.csv");
+    EXPECT_EQ(readFile(*file), expected);
+
+    writeReportFile(buildReport(plan.node(), ReportKind::MonthlyExpenses, 3), dir.path());
+    EXPECT_EQ(readFile(*file), expected);
+}
+
+TEST_F(ReportsTest, AnAmountThatIsNotANumberEndsTheReport) {
+    setChildText(childAt(childAt(requireOne(plan.node(), paths::kExpense, "Groceries"), 7), 5), 1,
+                 "abc");
+    try {
+        monthlyExpenseReport(plan.node());
+        FAIL() << "no error";
+    } catch (const std::invalid_argument& e) {
+        EXPECT_STREQ(e.what(), "invalid stof argument");
+    }
+    EXPECT_THROW(yearEndReport(plan.node()), std::invalid_argument);
+}
+
+TEST_F(ReportsTest, YearEndTotalsExpensesByCategoryThenIncomeAndRmds) {
+    Report report = yearEndReport(plan.node());
+    const std::vector<Row> expected = {
+        {"EXPENSE", "", "", ""},
+        {"Housing", "Rent", "14400.00", ""},
+        {"Housing", "Power", "355.85", ""},
+        {"Housing", "Totals", "", "14755.85"},
+        {"Living", "Groceries", "1205.50", ""},
+        {"Living", "Totals", "", "1205.50"},
+        {"EXPENSE", "Totals", "", "15961.35"},
+        {"INCOME", "", "", ""},
+        {"INCOME", "Payroll", "24000.00", ""},
+        {"INCOME", "Dividends", "300.00", ""},
+        {"INCOME", "Totals", "", "24300.00"},
+        {"NAME", "ACCOUNT", "AMOUNT", ""},
+        {"Ann Lee", "IRA One", "2000.00", ""},
+        {"Ann Lee", "IRA Two", "1886.79", ""},
+        {"", "draw total", "", "3886.79"},
+        {"", "rmd total", "", "5660.37"},
+    };
+    EXPECT_EQ(report.rows, expected);
+    EXPECT_EQ(report.fileBytes, rowsAsCsv(report));
+    EXPECT_EQ(report.fileBytes.rfind("category,Expense,AMOUNT,TOTAL\nEXPENSE,,,\n", 0), 0u);
+    EXPECT_EQ(writeReportFile(report, dir.path()), dir / "yearendreport.csv");
+}
+
+TEST_F(ReportsTest, ReceivablesAddUpEachCustomersItemsPerMonthAndForTheYear) {
+    Report monthly = monthlyReceivableReport(plan.node());
+    ASSERT_EQ(monthly.rows.size(), 2u);
+    EXPECT_EQ(monthly.rows[0],
+              (Row{"Maple Bakery", "1001", "100.00", "0.00", "350.50", "0.00", "0.00", "0.00",
+                   "0.00", "0.00", "0.00", "0.00", "0.00", "0.00"}));
+    EXPECT_EQ(monthly.rows[1][13], "75.25");
+    EXPECT_EQ(monthly.fileBytes,
+              "CUSTOMER,CUSTOMER #,January,February,March,April,May,June,July,August,September,"
+              "October,November,December\n"
+              "Maple Bakery,1001,100.00,0.00,350.50,0.00,0.00,0.00,0.00,0.00,0.00,0.00,0.00,0.00\n"
+              "\"Oak, Lane & Co\",1002,0.00,0.00,0.00,0.00,0.00,0.00,0.00,0.00,0.00,0.00,0.00,"
+              "75.25\n");
+
+    Report year = receivableYearReport(plan.node());
+    EXPECT_EQ(year.rows,
+              (std::vector<Row>{{"Maple Bakery", "450.50"}, {"Oak, Lane & Co", "75.25"}}));
+    EXPECT_FALSE(writeReportFile(year, dir.path()));
+    std::filesystem::path printed = writePrintFile(year, dir.path());
+    EXPECT_EQ(printed, dir / "receivableyearreport.csv");
+    EXPECT_EQ(readFile(printed),
+              "CUSTOMER,AMOUNT\nMaple Bakery,450.50\n\"Oak, Lane & Co\",75.25\n");
+}
+
+}  // namespace
+}  // namespace tallix

@@ -13,6 +13,10 @@
 namespace tallix {
 namespace {
 
+using schema::kCustomerMonths;
+using schema::kExpenseMonths;
+using schema::kIncomeMonths;
+
 // Positions of the children the carry-over touches (from 0).
 constexpr size_t kAccountRegColumn = 1;
 constexpr size_t kAccountBankColumn = 2;
@@ -26,15 +30,11 @@ constexpr size_t kCardFirstClosing = 6;
 
 constexpr size_t kExpenseType = 1;
 constexpr size_t kExpenseReset = 5;
-constexpr size_t kExpenseMonths = 7;
 constexpr size_t kPlanAmount = 1;
 constexpr size_t kPlanDatePaid = 2;
 constexpr size_t kPlanDueDate = 3;
 constexpr size_t kPlanStatus = 4;
 constexpr size_t kPlanCheck = 6;
-
-constexpr size_t kIncomeMonths = 6;
-constexpr size_t kCustomerMonths = 4;
 
 void setChildrenFrom(pugi::xml_node node, size_t first, std::string_view text) {
     std::vector<pugi::xml_node> children = elementChildren(node);

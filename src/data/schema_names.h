@@ -2,6 +2,7 @@
 // Element names and fixed words of the data and index files. The misspellings
 // "catagories" and "categoty" are part of the format and must stay.
 #include <array>
+#include <cstddef>
 #include <string_view>
 
 namespace tallix::schema {
@@ -37,6 +38,16 @@ enum LineChild : int {
 inline constexpr std::array<std::string_view, 12> kFieldColumnTitles = {
     "Expense",     "B",           "Amount",  "Check", "Category",   "Status",
     "Description", "Institution", "Account", "Info",  "Accumulate", "Typeofentry"};
+
+// Child positions (from 0) in the plan: where each kind of entry keeps its
+// twelve months, and the fields of an expense's month entry (a receivable
+// item has the same seven).
+inline constexpr size_t kExpenseMonths = 7;
+inline constexpr size_t kIncomeMonths = 6;
+inline constexpr size_t kCustomerMonths = 4;
+inline constexpr size_t kEntryAmount = 1;
+inline constexpr size_t kEntryStatus = 4;
+inline constexpr size_t kEntryCheck = 6;
 
 inline constexpr std::string_view kBanksId = "banks";
 inline constexpr std::string_view kCreditCardsId = "creditcards";

@@ -17,11 +17,11 @@
 namespace tallix {
 namespace {
 
-constexpr size_t kExpenseMonths = 7;
-constexpr size_t kEntryAmount = 1;
-constexpr size_t kEntryStatus = 4;
-constexpr size_t kEntryCheck = 6;
-constexpr size_t kCustomerMonths = 4;
+using schema::kCustomerMonths;
+using schema::kEntryAmount;
+using schema::kEntryCheck;
+using schema::kEntryStatus;
+using schema::kExpenseMonths;
 
 // The customer's item of this month that belongs to the row's line gets the
 // amount too.

@@ -17,12 +17,12 @@
 namespace tallix {
 namespace {
 
-using namespace engine_texts;
+using schema::kCustomerMonths;
+using schema::kEntryAmount;
+using schema::kExpenseMonths;
+using schema::kIncomeMonths;
 
-constexpr size_t kExpenseMonths = 7;   // an expense's twelve month entries
-constexpr size_t kIncomeMonths = 6;    // an income source's twelve month entries
-constexpr size_t kCustomerMonths = 4;  // a customer's twelve months
-constexpr size_t kEntryAmount = 1;     // the amount of a month entry
+using namespace engine_texts;
 
 bool isTransfer(const std::string& type) {
     return type == "transfer" || type == "move" || type == "Transfer";

@@ -104,7 +104,8 @@ void renumber(pugi::xml_node data, pugi::xml_node month, int monthNumber) {
     if (moved.empty())
         return;
     for (pugi::xml_node customer : selectAll(data, paths::kAllReceivables))
-        for (pugi::xml_node item : elementChildren(monthEntry(customer, 4, monthNumber))) {
+        for (pugi::xml_node item :
+             elementChildren(monthEntry(customer, schema::kCustomerMonths, monthNumber))) {
             auto it = moved.find(childText(item, 0));
             if (it != moved.end())
                 setChildText(item, 0, it->second);
@@ -136,7 +137,7 @@ int postDueEntries(Session& session) {
         const std::string kind = childText(expense, 1);
         if (kind != "recurring" && kind != "auto" && kind != "Auto-Bank")
             continue;
-        pugi::xml_node entry = monthEntry(expense, 7, month);
+        pugi::xml_node entry = monthEntry(expense, schema::kExpenseMonths, month);
         std::optional<DueDate> due = parseDate(childText(entry, 3));
         if (childText(entry, 4) != "notpaid" || !due || !onOrBefore(*due, session.today))
             continue;
@@ -153,7 +154,7 @@ int postDueEntries(Session& session) {
         const std::string kind = childText(source, 2);
         if (kind != "auto day" && kind != "auto date")
             continue;
-        pugi::xml_node entry = monthEntry(source, 6, month);
+        pugi::xml_node entry = monthEntry(source, schema::kIncomeMonths, month);
         std::optional<DueDate> due = parseDate(childText(entry, 2));
         if (childText(entry, 3) != "notpaid" || !due || !onOrBefore(*due, session.today))
             continue;

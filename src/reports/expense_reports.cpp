@@ -3,21 +3,23 @@
 // month entries), the income sources and the RMDs; never the register.
 #include "data/node_text.h"
 #include "data/query.h"
+#include "data/schema_names.h"
 #include "data/values.h"
 #include "reports/reports.h"
 
 namespace tallix {
 namespace {
 
+using schema::kExpenseMonths;
+using schema::kIncomeMonths;
+
 constexpr size_t kCategoryNames = 2;
 constexpr size_t kExpenseType = 1;
-constexpr size_t kExpenseMonths = 7;
 constexpr size_t kPlanAmount = 1;
 constexpr size_t kPlanDatePaid = 2;
 constexpr size_t kPlanDueDate = 3;
 constexpr size_t kPlanStatus = 4;
 
-constexpr size_t kIncomeMonths = 6;
 constexpr size_t kIncomeAmount = 1;
 
 constexpr size_t kHolderName = 0;

@@ -2,14 +2,16 @@
 // the year.
 #include "data/node_text.h"
 #include "data/query.h"
+#include "data/schema_names.h"
 #include "data/values.h"
 #include "reports/reports.h"
 
 namespace tallix {
 namespace {
 
+using schema::kCustomerMonths;
+
 constexpr size_t kCustomerNumber = 0;
-constexpr size_t kCustomerMonths = 4;
 constexpr size_t kItemAmount = 1;
 
 struct CustomerTotals {

@@ -1,0 +1,103 @@
+#include "editing/line_lookups.h"
+
+#include <stdexcept>
+
+#include "app/session.h"
+#include "data/node_text.h"
+#include "data/query.h"
+#include "data/schema_names.h"
+#include "editing/line_access.h"
+#include "register/plan_index.h"
+
+namespace tallix {
+namespace {
+
+// Writes a field into the line and its cell (when the field has a column).
+class LineWriter {
+  public:
+    LineWriter(Session& session, int row)
+        : table_(session.view.table), row_(row), line_(lineOfRow(session, row)) {}
+
+    void set(int column, size_t child, const std::string& text) {
+        setChildText(line_, child, text);
+        if (column >= 0)
+            table_.set(row_, column, text);
+    }
+    void setLineOnly(size_t child, const std::string& text) { setChildText(line_, child, text); }
+    std::string field(size_t child) const { return childText(line_, child); }
+    std::string number() const { return attributeText("line", line_); }
+
+  private:
+    GridTable& table_;
+    int row_;
+    pugi::xml_node line_;
+};
+
+}  // namespace
+
+void expenseLookup(Session& session, int row, int column, const std::string& expense,
+                   const std::string& category) {
+    pugi::xml_node categoryNode = selectOne(session.data.node(), paths::kCategory, category);
+    pugi::xml_node planned = categoryNode
+                                 ? selectOne(categoryNode, paths::kExpenseInCategory, expense)
+                                 : pugi::xml_node();
+    if (!planned) {
+        session.prompter().notify(kExpenseNotFound);
+        return;
+    }
+    const FieldColumns& f = session.view.fields;
+    LineWriter line(session, row);
+    line.set(column, schema::kExpense, expense);
+    line.set(f.category, schema::kCategoty, category);
+    line.set(f.institution, schema::kInstitution, childText(planned, 4));
+    line.set(f.account, schema::kAccount, childText(planned, 2));
+
+    const std::string kind = childText(planned, 1);
+    if (kind == "recurring") {
+        line.set(f.accumulate, schema::kAccumulate, "recurring");
+    } else if (kind == "auto" || kind == "Auto-Bank") {
+        line.set(f.accumulate, schema::kAccumulate, kind);
+        line.set(f.typeofentry, schema::kTypeOfEntry, kind);
+    } else {
+        line.set(f.accumulate, schema::kAccumulate, "accumulate");
+    }
+    if (line.field(schema::kTypeOfEntry) == "check") {
+        line.set(f.status, schema::kStatus, "pending");
+        setChildText(monthEntry(planned, schema::kExpenseMonths, session.month),
+                     schema::kEntryStatus, "pending");
+    }
+    session.saveData();
+}
+
+void incomeLookup(Session& session, int row, int column, const std::string& name) {
+    pugi::xml_node source = requireOne(session.data.node(), paths::kIncome, name);
+    const FieldColumns& f = session.view.fields;
+    LineWriter line(session, row);
+    line.set(column, schema::kExpense, name);
+    line.set(f.institution, schema::kInstitution, childText(source, 0));
+    line.set(f.account, schema::kAccount, childText(source, 1));
+    line.set(f.amount, schema::kDebit, childText(source, 5));
+    line.set(f.category, schema::kCategoty, "Income");
+    session.saveData();
+}
+
+void receivableLookup(Session& session, int row, int column, const std::string& name) {
+    pugi::xml_node customer = requireOne(session.data.node(), paths::kReceivable, name);
+    pugi::xml_node templ = requireOne(session.data.node(), paths::kRevenue);
+    const FieldColumns& f = session.view.fields;
+    LineWriter line(session, row);
+    line.set(column, schema::kExpense, name);
+    line.set(f.category, schema::kCategoty, "Receivables");
+    // The Info cell shows the customer's number when the month is shown again.
+    line.setLineOnly(schema::kInfo, childText(customer, 0));
+    line.set(f.institution, schema::kInstitution, childText(customer, 1));
+    line.set(f.account, schema::kAccount, childText(customer, 2));
+
+    pugi::xml_node month = monthEntry(customer, schema::kCustomerMonths, session.month);
+    pugi::xml_node item = month.append_copy(templ);
+    setChildText(item, 0, line.number());
+    setChildText(item, schema::kEntryAmount, line.field(schema::kDebit));
+    session.saveData();
+}
+
+}  // namespace tallix

@@ -1,0 +1,98 @@
+#include <gtest/gtest.h>
+
+#include "data/schema_names.h"
+#include "editing/line_lookups.h"
+#include "register/plan_index.h"
+#include "register/year_file.h"
+
+namespace tallix {
+namespace {
+
+// March of the sample year: line 1 is a Gasoline debit, line 3 the Water cheque.
+class LineLookupsTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(year.show(3));
+        year.prompter.shown.clear();
+    }
+    std::string saved(int line, size_t child) {
+        Document d = Document::load(year.path);
+        pugi::xml_node month = selectOne(d.node(), paths::kMonthByName, "March");
+        return childText(elementChildren(month).at(static_cast<size_t>(line - 1)), child);
+    }
+    const FieldColumns& f() { return year.session().view.fields; }
+
+    test::YearFile year{{2026, 11, 21}, test::sourceDir() / "examples" / "tallix2026.xml"};
+};
+
+TEST_F(LineLookupsTest, ARecurringExpenseOnACheckLineIsPendingAndRecurring) {
+    expenseLookup(year.session(), 2, f().expense, "Water", "Housing");
+    EXPECT_EQ(saved(3, schema::kStatus), "pending");
+    EXPECT_EQ(saved(3, schema::kAccumulate), "recurring");
+    EXPECT_EQ(saved(3, schema::kTypeOfEntry), "check");
+    EXPECT_EQ(year.cell(2, f().status), "pending");
+    Document d = Document::load(year.path);
+    pugi::xml_node water = selectOne(d.node(), paths::kExpense, "Water");
+    EXPECT_EQ(childText(monthEntry(water, schema::kExpenseMonths, 3), schema::kEntryStatus),
+              "pending");
+}
+
+TEST_F(LineLookupsTest, ThePaymentKindDecidesAccumulateAndTheEntryType) {
+    // The sample has no "Auto-Bank" expense: make the mortgage one.
+    setChildText(selectOne(year.data(), paths::kExpense, "Mortgage"), 1, "Auto-Bank");
+    struct Case {
+        int line;
+        const char* expense;
+        const char* category;
+        const char* accumulate;
+        const char* type;
+    };
+    for (const Case& c : {Case{1, "Groceries", "Living", "accumulate", "debit"},
+                          Case{4, "Electric", "Housing", "auto", "auto"},
+                          Case{8, "Mortgage", "Housing", "Auto-Bank", "Auto-Bank"}}) {
+        expenseLookup(year.session(), c.line - 1, f().expense, c.expense, c.category);
+        EXPECT_EQ(saved(c.line, schema::kExpense), c.expense);
+        EXPECT_EQ(saved(c.line, schema::kAccumulate), c.accumulate) << c.expense;
+        EXPECT_EQ(saved(c.line, schema::kTypeOfEntry), c.type) << c.expense;
+        EXPECT_EQ(year.cell(c.line - 1, f().accumulate), c.accumulate) << c.expense;
+    }
+    EXPECT_EQ(saved(1, schema::kInstitution), "First National");
+    EXPECT_EQ(saved(1, schema::kAccount), "Checking");
+    EXPECT_EQ(saved(1, schema::kCategoty), "Living");
+}
+
+TEST_F(LineLookupsTest, AnExpenseNotInTheCategoryChangesNothing) {
+    const std::string before = test::readFile(year.path);
+    expenseLookup(year.session(), 0, f().expense, "Water", "Living");
+    EXPECT_EQ(year.prompter.shown, (std::vector<std::string>{"expense not found"}));
+    EXPECT_EQ(test::readFile(year.path), before);
+    EXPECT_EQ(year.cell(0, f().expense), "Gasoline");
+}
+
+TEST_F(LineLookupsTest, AnIncomeSourceMakesTheLineIncome) {
+    incomeLookup(year.session(), 0, f().expense, "Acme Payroll");
+    EXPECT_EQ(saved(1, schema::kCategoty), "Income");
+    EXPECT_EQ(saved(1, schema::kDebit), "3150.00");
+    EXPECT_EQ(saved(1, schema::kInstitution), "First National");
+    EXPECT_EQ(year.cell(0, f().category), "Income");
+    EXPECT_EQ(year.cell(0, f().amount), "3150.00");
+}
+
+TEST_F(LineLookupsTest, ACustomerGainsAnItemForTheLine) {
+    const std::string amount = year.cell(0, f().amount);
+    receivableLookup(year.session(), 0, f().expense, "Riverside Garden Club");
+    EXPECT_EQ(saved(1, schema::kCategoty), "Receivables");
+    EXPECT_EQ(saved(1, schema::kInfo), "1002");
+    EXPECT_EQ(saved(1, schema::kAccount), "Share Draft");
+    Document d = Document::load(year.path);
+    pugi::xml_node club = selectOne(d.node(), paths::kReceivable, "Riverside Garden Club");
+    std::vector<pugi::xml_node> items =
+        elementChildren(monthEntry(club, schema::kCustomerMonths, 3));
+    ASSERT_FALSE(items.empty());
+    EXPECT_EQ(childText(items.back(), 0), "1");
+    EXPECT_EQ(childText(items.back(), schema::kEntryAmount), amount);
+    EXPECT_STREQ(items.back().name(), "revenue");
+}
+
+}  // namespace
+}  // namespace tallix

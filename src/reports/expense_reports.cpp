@@ -10,15 +10,15 @@
 namespace tallix {
 namespace {
 
+using schema::kEntryAmount;
+using schema::kEntryStatus;
 using schema::kExpenseMonths;
 using schema::kIncomeMonths;
 
 constexpr size_t kCategoryNames = 2;
 constexpr size_t kExpenseType = 1;
-constexpr size_t kPlanAmount = 1;
 constexpr size_t kPlanDatePaid = 2;
 constexpr size_t kPlanDueDate = 3;
-constexpr size_t kPlanStatus = 4;
 
 constexpr size_t kIncomeAmount = 1;
 
@@ -66,8 +66,8 @@ Report recurringReport(pugi::xml_node document, int month) {
             if (type != "recurring" && type != "auto")
                 continue;
             pugi::xml_node entry = planMonth(expense, month);
-            std::string amount = childText(entry, kPlanAmount);
-            std::string status = childText(entry, kPlanStatus);
+            std::string amount = childText(entry, kEntryAmount);
+            std::string status = childText(entry, kEntryStatus);
             report.rows.push_back({attributeText("id", expense), amount,
                                    childText(entry, kPlanDueDate), childText(entry, kPlanDatePaid),
                                    status});
@@ -101,7 +101,7 @@ Report monthlyExpenseReport(pugi::xml_node document) {
             std::vector<std::string> cells = row({" ", expenseId}, width);
             std::string line = std::string(" ") + " ," + expenseId;
             for (int m = 1; m <= 12; ++m) {
-                std::string amount = childText(planMonth(expense, m), kPlanAmount);
+                std::string amount = childText(planMonth(expense, m), kEntryAmount);
                 if (amount == "$" || amount.empty())
                     amount = "0";
                 textToAmount(amount);  // only checked: the text is shown as written
@@ -125,7 +125,7 @@ Report yearEndReport(pugi::xml_node document) {
         std::string categoryId = attributeText("id", category);
         double categoryTotal = 0.0;
         for (pugi::xml_node expense : expensesOf(category)) {
-            double sum = twelveMonths(childAt(expense, kExpenseMonths), kPlanAmount);
+            double sum = twelveMonths(childAt(expense, kExpenseMonths), kEntryAmount);
             categoryTotal += sum;
             rows.push_back({categoryId, attributeText("id", expense), amountToText(sum), ""});
         }

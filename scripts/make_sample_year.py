@@ -143,9 +143,6 @@ CATEGORIES = [
         ("Pharmacy", "accumulate", FN, "Checking", 0, 0),
         ("Doctor", "recurring", CU, "Share Draft", 0, 4000),
     ]),
-    ("Transfers", [
-        ("Transfer", "accumulate", FN, "Checking", 0, 0),
-    ]),
     ("Credit Cards", [
         ("Visa", "recurring", FN, "Checking", 22, 0),
         ("Mastercard", "recurring", CU, "Share Draft", 3, 0),
@@ -158,6 +155,9 @@ INCOME = [
     ("Acme Payroll", FN, "Checking", "auto date", "25", "0", 315000),
     ("Social Security", CU, "Share Draft", "auto day", "Wednesday", "3", 186400),
     ("IRA Distribution", FN, "Savings", "posted", "0", "0", 53000),
+    # picked on a deposit line, these open the transfer dialog
+    ("Savings Transfer", FN, "Checking", "transfer", "0", "0", 30000),
+    ("Credit Union Move", CU, "Share Draft", "move", "0", "0", 100000),
 ]
 
 # name -> (number, institution, account, monthly amount, due day, pays by check)
@@ -427,17 +427,17 @@ class Year:
                                 "Main St Pharmacy")
         add(line)
 
-        # -- transfers: Institution/Account is the source, Info/Accumulate
-        # the destination
-        t = Line(16, "Transfer", 30000, "Transfers",
+        # -- transfers, as the transfer dialog writes them on a deposit line:
+        # Institution/Account is where the money comes from, Info/Accumulate
+        # where it goes
+        add(Line(16, "Savings Transfer", 30000, "",
                  line_status(m, 16, "cleared", "processing"),
-                 "Monthly savings", FN, "Checking", "transfer",
-                 info=FN, accumulate="Savings")
-        add(t)
+                 "Monthly savings", FN, "Checking", "deposit",
+                 info=FN, accumulate="Savings"))
         day = vary_day("move %d" % m, 21, 23)
-        add(Line(day, "Transfer", 100000, "Transfers",
+        add(Line(day, "Credit Union Move", 100000, "",
                  line_status(m, day, "cleared", "processing"), "",
-                 CU, "Share Draft", "move", info=FN, accumulate="Savings"))
+                 CU, "Share Draft", "deposit", info=FN, accumulate="Savings"))
 
         # keep days inside the month (February is short)
         for line in lines:

@@ -49,6 +49,12 @@ inline constexpr size_t kEntryAmount = 1;
 inline constexpr size_t kEntryStatus = 4;
 inline constexpr size_t kEntryCheck = 6;
 
+// The entry kinds that move money between two of the household's own
+// accounts (both capitalisations of "transfer" occur in year files).
+inline bool isTransferKind(std::string_view kind) {
+    return kind == "transfer" || kind == "move" || kind == "Transfer";
+}
+
 inline constexpr std::string_view kBanksId = "banks";
 inline constexpr std::string_view kCreditCardsId = "creditcards";
 

@@ -1,10 +1,13 @@
 #include "editing/line_access.h"
 
+#include <array>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "app/guard.h"
 #include "app/session.h"
+#include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"
 #include "data/values.h"
@@ -36,24 +39,58 @@ pugi::xml_node expenseOfRow(Session& session, int row) {
     return selectOne(category, paths::kExpenseInCategory, session.view.table.cell(row, f.expense));
 }
 
+namespace {
+
+// Each field column with the line child it shows.
+std::array<std::pair<int, int>, 11> fieldColumnChildren(const FieldColumns& f) {
+    return {{{f.expense, schema::kExpense},
+             {f.amount, schema::kDebit},
+             {f.check, schema::kCheck},
+             {f.category, schema::kCategoty},
+             {f.status, schema::kStatus},
+             {f.description, schema::kDescription},
+             {f.institution, schema::kInstitution},
+             {f.account, schema::kAccount},
+             {f.info, schema::kInfo},
+             {f.accumulate, schema::kAccumulate},
+             {f.typeofentry, schema::kTypeOfEntry}}};
+}
+
+}  // namespace
+
 int lineChildOfColumn(const FieldColumns& f, int column) {
     if (column == kDateCell)
         return schema::kDay;
-    const int byColumn[][2] = {{f.expense, schema::kExpense},
-                               {f.amount, schema::kDebit},
-                               {f.check, schema::kCheck},
-                               {f.category, schema::kCategoty},
-                               {f.status, schema::kStatus},
-                               {f.description, schema::kDescription},
-                               {f.institution, schema::kInstitution},
-                               {f.account, schema::kAccount},
-                               {f.info, schema::kInfo},
-                               {f.accumulate, schema::kAccumulate},
-                               {f.typeofentry, schema::kTypeOfEntry}};
-    for (const auto& [col, child] : byColumn)
+    for (const auto& [col, child] : fieldColumnChildren(f))
         if (col == column)
             return child;
     return -1;
+}
+
+int columnOfLineChild(const FieldColumns& f, int child) {
+    if (child == schema::kDay)
+        return kDateCell;
+    for (const auto& [col, lineChild] : fieldColumnChildren(f))
+        if (lineChild == child)
+            return col;
+    return -1;
+}
+
+LineWriter::LineWriter(Session& session, int row)
+    : table_(session.view.table), row_(row), line_(lineOfRow(session, row)) {}
+
+void LineWriter::set(int column, size_t child, const std::string& text) {
+    setChildText(line_, child, text);
+    if (column >= 0)
+        table_.set(row_, column, text);
+}
+
+std::string LineWriter::field(size_t child) const {
+    return childText(line_, child);
+}
+
+std::string LineWriter::number() const {
+    return attributeText("line", line_);
 }
 
 pugi::xml_node get_lines(Session& session, int row) {

@@ -10,30 +10,6 @@
 #include "register/plan_index.h"
 
 namespace tallix {
-namespace {
-
-// Writes a field into the line and its cell (when the field has a column).
-class LineWriter {
-  public:
-    LineWriter(Session& session, int row)
-        : table_(session.view.table), row_(row), line_(lineOfRow(session, row)) {}
-
-    void set(int column, size_t child, const std::string& text) {
-        setChildText(line_, child, text);
-        if (column >= 0)
-            table_.set(row_, column, text);
-    }
-    void setLineOnly(size_t child, const std::string& text) { setChildText(line_, child, text); }
-    std::string field(size_t child) const { return childText(line_, child); }
-    std::string number() const { return attributeText("line", line_); }
-
-  private:
-    GridTable& table_;
-    int row_;
-    pugi::xml_node line_;
-};
-
-}  // namespace
 
 void expenseLookup(Session& session, int row, int column, const std::string& expense,
                    const std::string& category) {
@@ -89,7 +65,7 @@ void receivableLookup(Session& session, int row, int column, const std::string& 
     line.set(column, schema::kExpense, name);
     line.set(f.category, schema::kCategoty, "Receivables");
     // The Info cell shows the customer's number when the month is shown again.
-    line.setLineOnly(schema::kInfo, childText(customer, 0));
+    line.set(-1, schema::kInfo, childText(customer, 0));
     line.set(f.institution, schema::kInstitution, childText(customer, 1));
     line.set(f.account, schema::kAccount, childText(customer, 2));
 

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "app/session.h"
@@ -23,10 +24,6 @@ using schema::kExpenseMonths;
 using schema::kIncomeMonths;
 
 using namespace engine_texts;
-
-bool isTransfer(const std::string& type) {
-    return type == "transfer" || type == "move" || type == "Transfer";
-}
 
 class BalanceEngine {
   public:
@@ -133,11 +130,12 @@ class BalanceEngine {
             return;
         }
         if (expense == "Income" || type == "deposit" || type == "receivable") {
-            if (!incomeOrDeposit(n, expense))
+            const std::optional<bool> transferEntry = incomeOrDeposit(n, expense);
+            if (!transferEntry)
                 return;
             if (isBlankCell(cell(n, f_.amount)))
                 working_ = 0;
-            finishLine(n, type);
+            finishLine(n, *transferEntry ? "transfer" : type);
             return;
         }
 
@@ -185,7 +183,7 @@ class BalanceEngine {
     }
 
     void finishLine(int n, const std::string& type) {
-        if (isTransfer(type))
+        if (schema::isTransferKind(type))
             transfer(n, working_);
         else
             cardsAndBanks(n, working_);
@@ -194,31 +192,34 @@ class BalanceEngine {
     // Income adds to its source's month total and reaches the accounts as a
     // negative amount, so the one subtraction rule raises the balances; money
     // received from a customer does the same and is recorded with the customer.
-    // Returns false when the line is skipped.
-    bool incomeOrDeposit(int n, const std::string& name) {
+    // Nothing when the line is skipped; otherwise whether the income entry is
+    // a transfer or move, whose negative amount then leaves the line's own
+    // account and reaches the one in Info and Accumulate.
+    std::optional<bool> incomeOrDeposit(int n, const std::string& name) {
         const std::string& amount = cell(n, f_.amount);
         const bool nothing = amount == "0" || isBlankCell(amount);
         working_ = isBlankCell(amount) ? 0 : textToAmount(amount);
+        pugi::xml_node source;
         if (cell(n, f_.category) == "Receivables" || name == "Receivables") {
             pugi::xml_node customer = plan_.customer(name);
             if (!customer) {
                 message(kDepositNotFound + std::to_string(n + 1) + kDepositNotFoundEnd);
-                return false;
+                return std::nullopt;
             }
             if (!nothing)
                 recordReceivable(customer, n + 1, amount);
         } else {
-            pugi::xml_node source = plan_.income(name);
+            source = plan_.income(name);
             if (!source) {
                 message(kDepositNotFound + std::to_string(n + 1) + kDepositNotFoundEnd);
-                return false;
+                return std::nullopt;
             }
             if (!nothing)
                 addToAmount(monthEntry(source, kIncomeMonths, month_), working_);
         }
         if (working_ > 0)
             working_ = -working_;
-        return true;
+        return source && schema::isTransferKind(childText(source, 2));
     }
 
     // The customer's item of this month for register line `lineNumber` gets
@@ -306,8 +307,10 @@ class BalanceEngine {
         }
     }
 
-    // The source (Institution, Account) gains the amount and the destination
-    // (Info, Accumulate) loses it; every other column carries the row below.
+    // The account in Institution and Account gains the working amount and the
+    // one in Info and Accumulate loses it; every other column carries the row
+    // below. A transfer made from a deposit line arrives with the deposit's
+    // negative amount, so its money leaves the first account for the second.
     void transfer(int n, double amount) {
         if (cell(n, f_.institution) == cell(n, f_.info) &&
             cell(n, f_.account) == cell(n, f_.accumulate)) {

@@ -1,6 +1,5 @@
 #include "register/month_load.h"
 
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,7 +10,7 @@
 #include "data/schema_names.h"
 #include "data/text_utils.h"
 #include "data/values.h"
-#include "register/month_lines.h"
+#include "register/line_elements.h"
 #include "register/plan_index.h"
 
 namespace tallix {
@@ -78,38 +77,9 @@ void insertLine(pugi::xml_node month, const Posting& p) {
             before = line;
             break;
         }
-    pugi::xml_node line =
-        before ? month.insert_child_before("item", before) : month.append_child("item");
-    line.append_attribute("line") = "0";
-    const std::string values[12] = {p.day,      p.name,   p.amount,     "",
-                                    p.category, p.status, "",           p.institution,
-                                    p.account,  "",       p.accumulate, p.typeofentry};
-    for (size_t k = 0; k < schema::kLineChildren.size(); ++k)
-        appendTextElement(line, schema::kLineChildren[k], values[k]);
-}
-
-// Numbers the lines 1..n again and keeps the customers' items of the month
-// pointing at the same lines. A new line's old number is "0", which no item
-// names.
-void renumber(pugi::xml_node data, pugi::xml_node month, int monthNumber) {
-    std::map<std::string, std::string> moved;
-    int n = 1;
-    for (pugi::xml_node line : elementChildren(month)) {
-        std::string now = std::to_string(n++);
-        std::string before = attributeText("line", line);
-        if (before != now && before != "0")
-            moved[before] = now;
-        setAttributeText(now, "line", line);
-    }
-    if (moved.empty())
-        return;
-    for (pugi::xml_node customer : selectAll(data, paths::kAllReceivables))
-        for (pugi::xml_node item :
-             elementChildren(monthEntry(customer, schema::kCustomerMonths, monthNumber))) {
-            auto it = moved.find(childText(item, 0));
-            if (it != moved.end())
-                setChildText(item, 0, it->second);
-        }
+    newLineElement(month, before,
+                   {p.day, p.name, p.amount, "", p.category, p.status, "", p.institution, p.account,
+                    "", p.accumulate, p.typeofentry});
 }
 
 // The entry's amount, or the repeating amount when the entry has none.
@@ -163,7 +133,7 @@ int postDueEntries(Session& session) {
               "Income", childText(source, 0), childText(source, 1), "", "deposit", "processing"});
     }
     if (posted > 0)
-        renumber(data, monthNode, month);
+        renumberLines(data, monthNode, month);
     return posted;
 }
 

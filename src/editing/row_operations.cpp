@@ -1,0 +1,149 @@
+#include "editing/row_operations.h"
+
+#include <map>
+#include <optional>
+#include <stdexcept>
+#include <vector>
+
+#include "app/session.h"
+#include "data/node_text.h"
+#include "data/schema_names.h"
+#include "data/values.h"
+#include "editing/line_access.h"
+#include "editing/line_choices.h"
+#include "register/line_elements.h"
+#include "register/month_lines.h"
+#include "register/plan_index.h"
+
+namespace tallix {
+namespace {
+
+constexpr int kDateCell = 2;
+constexpr int kLineNumberCell = 3;
+
+// The day in a DATE cell as a whole number; nothing for a line without one.
+std::optional<int> dayOfCell(const GridTable& table, int row) {
+    try {
+        return static_cast<int>(textToAmount(table.cell(row, kDateCell)));
+    } catch (const std::logic_error&) {
+        return std::nullopt;
+    }
+}
+
+// Cells' own colours follow their lines when rows come and go.
+void shiftCellOverrides(RegisterView& view, int fromRow, int delta) {
+    std::map<std::pair<int, int>, CellColours> shifted;
+    for (const auto& [cell, colours] : view.cellOverrides) {
+        auto [row, column] = cell;
+        if (row < fromRow)
+            shifted[cell] = colours;
+        else if (row + delta >= fromRow)
+            shifted[{row + delta, column}] = colours;
+    }
+    view.cellOverrides = std::move(shifted);
+}
+
+bool isEmptyField(pugi::xml_node field) {
+    return isBlankCell(nodeText(field));
+}
+
+}  // namespace
+
+void InsertRow(Session& session, int row, const std::string& kind) {
+    RegisterView& v = session.view;
+    // On the starting row the new line goes last and takes the last line's day.
+    const int dayRow = row < v.lineCount ? row : v.lineCount - 1;
+    const std::optional<int> day = dayRow >= 0 ? dayOfCell(v.table, dayRow) : std::nullopt;
+    addxmlline(session.data.node(), session.month, row, day ? std::to_string(*day) : std::string(),
+               kind);
+    session.saveData();
+
+    shiftCellOverrides(v, row, 1);
+    const CellColours colours{
+        day.value_or(0) % 2 != 0 ? cell_colour::kInsertedOddDay : cell_colour::kInsertedEvenDay,
+        std::nullopt};
+    v.cellOverrides[{row, kDateCell}] = colours;
+    v.cellOverrides[{row, kLineNumberCell}] = colours;
+    v.markedRow = v.markedColumn = -1;
+}
+
+void makeLine(Session& session, int row, const std::string& kind) {
+    pugi::xml_node data = session.data.node();
+    const FieldColumns& f = session.view.fields;
+    LineWriter line(session, row);
+    if (line.field(schema::kCategoty) != "Income" && line.field(schema::kTypeOfEntry) == "check") {
+        // The plan no longer counts the check as paid.
+        if (pugi::xml_node planned = expenseOfRow(session, row)) {
+            pugi::xml_node entry = monthEntry(planned, schema::kExpenseMonths, session.month);
+            setChildText(entry, schema::kEntryStatus, "notpaid");
+            setChildText(entry, 2, "0");  // date paid
+            setChildText(entry, schema::kEntryCheck, "0");
+        }
+    }
+    if (isReceivableLine(line.line()))
+        if (pugi::xml_node item =
+                receivableItem(data, line.line(), session.month, std::to_string(row + 1)))
+            item.parent().remove_child(item);
+
+    for (size_t child = schema::kExpense; child < schema::kTypeOfEntry; ++child) {
+        const int column = columnOfLineChild(f, static_cast<int>(child));
+        line.set(-1, child, std::string());
+        if (column >= 0)
+            session.view.table.set(row, column, " ");
+    }
+    line.set(f.typeofentry, schema::kTypeOfEntry, kind);
+    session.saveData();
+    session.view.markedRow = session.view.markedColumn = -1;
+}
+
+void deleteLine(Session& session, int row) {
+    pugi::xml_node data = session.data.node();
+    pugi::xml_node line = lineOfRow(session, row);
+    pugi::xml_node month = line.parent();
+    // The customer's item named a line that no longer exists.
+    if (isReceivableLine(line))
+        if (pugi::xml_node item =
+                receivableItem(data, line, session.month, attributeText("line", line)))
+            item.parent().remove_child(item);
+    month.remove_child(line);
+    renumberLines(data, month, session.month);
+    session.saveData();
+    shiftCellOverrides(session.view, row + 1, -1);
+    session.view.markedRow = session.view.markedColumn = -1;
+}
+
+bool moveLine(Session& session, int row, LineChoices& choices) {
+    const int target = choices.pickMoveTarget();
+    if (target == 0 || target == row + 1)
+        return false;
+    pugi::xml_node data = session.data.node();
+    std::vector<pugi::xml_node> lines = monthLines(data, monthName(session.month));
+    if (target < 1 || target > static_cast<int>(lines.size()) || row < 0 ||
+        row >= static_cast<int>(lines.size())) {
+        session.prompter().notify(kNoSuchLineStart + std::to_string(target) + kNoSuchLineEnd);
+        return false;
+    }
+    pugi::xml_node source = lines[static_cast<size_t>(row)];
+    pugi::xml_node destination = lines[static_cast<size_t>(target - 1)];
+    if (isReceivableLine(source))
+        if (pugi::xml_node item =
+                receivableItem(data, source, session.month, std::to_string(row + 1)))
+            setChildText(item, 0, std::to_string(target));
+
+    const size_t last = schema::kTypeOfEntry;
+    bool moved = false;
+    for (size_t i = schema::kExpense; i <= last; ++i) {
+        if (i != last && !isEmptyField(childAt(destination, i)) &&
+            session.prompter().askYesNo(kMoveTargetNotEmpty) != Answer::Yes)
+            break;
+        setChildText(destination, i, childText(source, i));
+        setChildText(source, i, i == last ? "debit" : "");
+        moved = true;
+    }
+    // What moved stays moved, even after a No, and the file holds it.
+    session.saveData();
+    session.view.markedRow = session.view.markedColumn = -1;
+    return moved;
+}
+
+}  // namespace tallix

@@ -143,6 +143,27 @@ const Variation kVariations[] = {
          EXPECT_EQ(y.cell(9, col::kCkRegister), "349.90");  // 409.90 - 60.00
          EXPECT_EQ(childText(y.planMonth(paths::kExpense, "Groceries", 7, 3), 1), "135.65");
      }},
+    {"ADepositOfATransferEntryMovesItsAmountFromTheLinesAccountToInfos",
+     [](YearFile& y) {
+         setChildText(requireOne(y.data(), paths::kIncome, "Side Gig"), 2, "transfer");
+         pugi::xml_node line = marchLine(y, 12);  // the 100.00 Payroll deposit
+         setChildText(line, 1, "Side Gig");
+         setChildText(line, 7, "Summit Savings");
+         setChildText(line, 8, "Savings");
+         setChildText(line, 9, "Harbor Bank");
+         setChildText(line, 10, "Checking");
+     },
+     [](YearFile& y) {
+         auto change = [&](int column) {
+             return textToAmount(y.cell(11, column)) - textToAmount(y.cell(12, column));
+         };
+         EXPECT_DOUBLE_EQ(change(col::kSvBank), -100.0);
+         EXPECT_DOUBLE_EQ(change(col::kCkRegister), 100.0);
+         EXPECT_DOUBLE_EQ(change(col::kCkBank), 100.0);
+         EXPECT_EQ(y.cell(11, col::kVisa), y.cell(12, col::kVisa));
+         // Like any deposit, the amount counts in its entry's month total.
+         EXPECT_EQ(childText(y.planMonth(paths::kIncome, "Side Gig", 6, 3), 1), "100.00");
+     }},
 };
 
 INSTANTIATE_TEST_SUITE_P(Lines, MarchVariation, ::testing::ValuesIn(kVariations),

@@ -1,0 +1,124 @@
+// A click on the Expense cell of March of the sample year: which picker the
+// line's kind opens, what the pick writes, and transfers with their balances.
+#include <gtest/gtest.h>
+
+#include "data/schema_names.h"
+#include "data/values.h"
+#include "editing/add_item.h"
+#include "register/plan_index.h"
+#include "register/year_file.h"
+#include "support/scripted_choices.h"
+
+namespace tallix {
+namespace {
+
+// Sample March rows: 1 Acme Payroll (deposit), 2 Water (check), 6 Maple
+// Street Bakery (receivable), 10 Social Security (deposit into the Credit
+// Union), 11 Electric.
+constexpr int kPayRow = 1, kWaterRow = 2, kMapleRow = 6, kSocialSecurityRow = 10;
+// Balance columns of the sample.
+constexpr int kFnRegister = 13, kFnBank = 14, kFnSavings = 16, kCuRegister = 17, kCuBank = 18,
+              kVisa = 19;
+
+class ExpenseCellTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(year.show(3));
+        year.prompter.shown.clear();
+    }
+    const FieldColumns& f() { return year.session().view.fields; }
+    void click(int row) { expenseCellClicked(year.session(), row, f().expense, choices); }
+    std::string saved(int row, size_t child) {
+        Document d = Document::load(year.path);
+        pugi::xml_node month = selectOne(d.node(), paths::kMonthByName, "March");
+        return childText(elementChildren(month).at(static_cast<size_t>(row)), child);
+    }
+    // How much a balance cell of `row` differs from the row below.
+    double change(int row, int column) {
+        return textToAmount(year.cell(row, column)) - textToAmount(year.cell(row + 1, column));
+    }
+
+    test::YearFile year{{2026, 11, 21}, test::sourceDir() / "examples" / "tallix2026.xml"};
+    test::ScriptedLineChoices<> choices;
+};
+
+TEST_F(ExpenseCellTest, EachKindOfLineOpensItsOwnPicker) {
+    choices.expensePicks = {{"Water", "Housing"}, {"Social Security", ""}};
+    choices.customers = {"Riverside Garden Club"};
+    click(kWaterRow);
+    // A deposit line takes an income source whatever its category was.
+    setChildText(childAt(year.month("March"), kPayRow), schema::kCategoty, "Living");
+    click(kPayRow);
+    click(kMapleRow);
+    EXPECT_EQ(choices.opened, (std::vector<std::string>{"expense 3", "expense 4", "customer"}));
+
+    // A recurring expense on a check line: pending, and recurring.
+    EXPECT_EQ(saved(kWaterRow, schema::kStatus), "pending");
+    EXPECT_EQ(saved(kWaterRow, schema::kAccumulate), "recurring");
+    EXPECT_EQ(saved(kPayRow, schema::kExpense), "Social Security");
+    EXPECT_EQ(saved(kPayRow, schema::kCategoty), "Income");
+    EXPECT_EQ(saved(kPayRow, schema::kInstitution), "Credit Union");
+    EXPECT_EQ(year.cell(kPayRow, f().category), "Income");
+    EXPECT_EQ(saved(kMapleRow, schema::kExpense), "Riverside Garden Club");
+
+    // The customer's month gains an item for line 7 with the line's amount.
+    Document d = Document::load(year.path);
+    pugi::xml_node march =
+        monthEntry(requireOne(d.node(), paths::kReceivable, "Riverside Garden Club"),
+                   schema::kCustomerMonths, 3);
+    pugi::xml_node added = childAt(march, elementChildCount(march) - 1);
+    EXPECT_EQ(childText(added, 0), "7");
+    EXPECT_EQ(childText(added, 1), "600.00");
+    EXPECT_EQ(year.session().view.markedRow, -1);
+}
+
+TEST_F(ExpenseCellTest, APickerClosedWithoutAPickChangesNothing) {
+    const std::string before = test::readFile(year.path);
+    choices.expensePicks = {{kNoSelection, ""}, {kPickCanceled, ""}};
+    choices.customers = {kNoSelection};
+    click(kWaterRow);
+    click(kPayRow);
+    click(kMapleRow);
+    EXPECT_EQ(choices.opened.size(), 3u);
+    EXPECT_EQ(test::readFile(year.path), before);
+    EXPECT_EQ(year.cell(kWaterRow, f().expense), "Water");
+}
+
+TEST_F(ExpenseCellTest, ATransferEntryTakesTheMoneyFromTheFromAccountToTheToAccount) {
+    choices.expensePicks = {{"Credit Union Move", ""}};
+    choices.transfers = {{"Credit Union", "Share Draft", "First National", "Savings", "100.00"}};
+    click(kSocialSecurityRow);
+    EXPECT_EQ(choices.opened, (std::vector<std::string>{"expense 4", "transfer"}));
+    EXPECT_EQ(saved(kSocialSecurityRow, schema::kExpense), "Credit Union Move");
+    EXPECT_EQ(saved(kSocialSecurityRow, schema::kInstitution), "Credit Union");
+    EXPECT_EQ(saved(kSocialSecurityRow, schema::kAccount), "Share Draft");
+    EXPECT_EQ(saved(kSocialSecurityRow, schema::kInfo), "First National");
+    EXPECT_EQ(saved(kSocialSecurityRow, schema::kAccumulate), "Savings");
+    EXPECT_EQ(saved(kSocialSecurityRow, schema::kDebit), "100.00");
+    EXPECT_EQ(saved(kSocialSecurityRow, schema::kTypeOfEntry), "deposit");
+
+    // The balances follow at once: 125.00 - 100.00 and 830.00 + 100.00.
+    EXPECT_EQ(year.cell(kSocialSecurityRow + 1, kCuRegister), "125.00");
+    EXPECT_EQ(year.cell(kSocialSecurityRow, kCuRegister), "25.00");
+    EXPECT_EQ(year.cell(kSocialSecurityRow, kCuBank), "25.00");
+    EXPECT_DOUBLE_EQ(change(kSocialSecurityRow, kFnSavings), 100.0);
+    for (int column : {kFnRegister, kFnBank, kVisa})
+        EXPECT_EQ(year.cell(kSocialSecurityRow, column), year.cell(kSocialSecurityRow + 1, column));
+    EXPECT_TRUE(year.prompter.shown.empty());
+}
+
+TEST_F(ExpenseCellTest, ACancelledTransferStillWritesItsEmptyTexts) {
+    choices.expensePicks = {{"Savings Transfer", ""}};
+    choices.transfers = {{}};
+    click(kPayRow);
+    EXPECT_EQ(saved(kPayRow, schema::kExpense), "Savings Transfer");
+    for (size_t child : {schema::kInstitution, schema::kAccount, schema::kInfo, schema::kAccumulate,
+                         schema::kDebit})
+        EXPECT_EQ(saved(kPayRow, child), "") << child;
+    // A line without an institution moves no money.
+    for (int column = kFnRegister; column < f().info; ++column)
+        EXPECT_EQ(year.cell(kPayRow, column), year.cell(kPayRow + 1, column)) << column;
+}
+
+}  // namespace
+}  // namespace tallix

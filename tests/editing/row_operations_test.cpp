@@ -1,0 +1,256 @@
+// Right clicks on March of the sample year: insert, make, delete and move,
+// each read back from the saved file. March has 24 lines; its receivable
+// lines are 7 and 20 (Maple Street Bakery) and 15 (Riverside Garden Club).
+#include <gtest/gtest.h>
+
+#include "data/schema_names.h"
+#include "editing/add_item.h"
+#include "editing/row_operations.h"
+#include "register/plan_index.h"
+#include "register/year_file.h"
+#include "support/scripted_choices.h"
+
+namespace tallix {
+namespace {
+
+using Fields = std::vector<std::string>;
+
+class RowOperationsTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(year.show(3));
+        year.prompter.shown.clear();
+    }
+    Session& session() { return year.session(); }
+    const FieldColumns& f() { return session().view.fields; }
+
+    void rightClick(int row, RowOperationChoice choice) {
+        choices.rowOperations.push_back(std::move(choice));
+        AddItem(session(), row, f().amount, choices);
+    }
+
+    // March as saved: each line's `line` attribute and its twelve fields.
+    struct Saved {
+        Document doc;
+        std::vector<pugi::xml_node> lines;
+        Fields fields(int line) const {
+            Fields texts;
+            for (pugi::xml_node child : elementChildren(lines.at(static_cast<size_t>(line - 1))))
+                texts.push_back(nodeText(child));
+            return texts;
+        }
+        std::vector<std::string> numbers() const {
+            std::vector<std::string> out;
+            for (pugi::xml_node line : lines)
+                out.push_back(attributeText("line", line));
+            return out;
+        }
+        // The line numbers of a customer's March items, in file order.
+        std::vector<std::string> items(const std::string& customer) const {
+            std::vector<std::string> out;
+            pugi::xml_node c = requireOne(doc.node(), paths::kReceivable, customer);
+            for (pugi::xml_node item : elementChildren(monthEntry(c, schema::kCustomerMonths, 3)))
+                out.push_back(childText(item, 0));
+            return out;
+        }
+    };
+    Saved saved() {
+        Saved s{Document::load(year.path), {}};
+        s.lines = elementChildren(selectOne(s.doc.node(), paths::kMonthByName, "March"));
+        return s;
+    }
+    static std::vector<std::string> oneTo(int n) {
+        std::vector<std::string> out;
+        for (int i = 1; i <= n; ++i)
+            out.push_back(std::to_string(i));
+        return out;
+    }
+    static Fields emptyLine(const std::string& day, const std::string& kind) {
+        Fields texts(12);
+        texts[schema::kDay] = day;
+        texts[schema::kTypeOfEntry] = kind;
+        return texts;
+    }
+    std::optional<Rgb> background(int row, int column) {
+        return cellColours(row, column, session().view).background;
+    }
+
+    test::YearFile year{{2026, 11, 21}, test::sourceDir() / "examples" / "tallix2026.xml"};
+    test::ScriptedLineChoices<> choices;
+};
+
+TEST_F(RowOperationsTest, InsertOnTheFirstRowMakesLineOneOnTheFirstLinesDay) {
+    rightClick(0, {"insert", "check"});
+    EXPECT_EQ(choices.opened, (std::vector<std::string>{"row operations"}));
+    Saved s = saved();
+    EXPECT_EQ(s.numbers(), oneTo(25));
+    EXPECT_EQ(s.fields(1), emptyLine("28", "check"));
+    EXPECT_EQ(s.fields(2)[schema::kExpense], "Gasoline");
+    // The customers' items follow their lines down by one.
+    EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"21", "8"}));
+    EXPECT_EQ(s.items("Riverside Garden Club"), (std::vector<std::string>{"16"}));
+
+    // The grid shows the month again, balances included: the new line has no
+    // institution, so its row equals the row below.
+    EXPECT_EQ(session().view.lineCount, 25);
+    EXPECT_EQ(year.cell(0, f().typeofentry), "check");
+    EXPECT_EQ(year.cell(0, 3), "1");
+    for (int column = f().account + 1; column < f().info; ++column)
+        EXPECT_EQ(year.cell(0, column), year.cell(1, column)) << column;
+    EXPECT_EQ(session().view.markedRow, -1);
+}
+
+TEST_F(RowOperationsTest, AnInsertedLinesDateAndItemCellsShowTheParityOfItsDay) {
+    // Row 18 is line 19, on the 7th.
+    rightClick(18, {"insert", "debit"});
+    EXPECT_EQ(background(18, 2), cell_colour::kInsertedOddDay);
+    EXPECT_EQ(background(18, 3), cell_colour::kInsertedOddDay);
+    EXPECT_EQ(saved().fields(19)[schema::kDay], "7");
+
+    // Line 21 moved to the 8th; the odd-day colours stay with row 18.
+    setChildText(childAt(year.month("March"), 20), schema::kDay, "8");
+    ASSERT_TRUE(year.show(3));
+    rightClick(20, {"insert", "medication"});
+    EXPECT_EQ(background(20, 2), cell_colour::kInsertedEvenDay);
+    EXPECT_EQ(background(20, 3), cell_colour::kInsertedEvenDay);
+    EXPECT_EQ(background(18, 2), cell_colour::kInsertedOddDay);
+    EXPECT_EQ(saved().fields(21), emptyLine("8", "medication"));
+}
+
+TEST_F(RowOperationsTest, InsertOnTheStartingRowAddsALastLine) {
+    rightClick(24, {"insert", "deposit"});
+    Saved s = saved();
+    EXPECT_EQ(s.numbers(), oneTo(25));
+    EXPECT_EQ(s.fields(25), emptyLine("1", "deposit"));
+    EXPECT_EQ(s.fields(24)[schema::kExpense], "Mortgage");
+}
+
+TEST_F(RowOperationsTest, MakeCheckOnAPaidCheckPutsItBackIntoThePlan) {
+    // Line 3: the Water check 2046, cleared.
+    makeLine(session(), 2, "check");
+    Saved s = saved();
+    EXPECT_EQ(s.fields(3), emptyLine("25", "check"));
+    pugi::xml_node water = requireOne(s.doc.node(), paths::kExpense, "Water");
+    pugi::xml_node march = monthEntry(water, schema::kExpenseMonths, 3);
+    EXPECT_EQ(childText(march, schema::kEntryStatus), "notpaid");
+    EXPECT_EQ(childText(march, 2), "0");
+    EXPECT_EQ(childText(march, schema::kEntryCheck), "0");
+    EXPECT_EQ(childText(march, schema::kEntryAmount), "46.43");  // the plan keeps its amount
+    for (int column : {f().expense, f().amount, f().check, f().status, f().info, f().accumulate})
+        EXPECT_TRUE(isBlankCell(year.cell(2, column))) << column;
+    EXPECT_EQ(year.cell(2, f().typeofentry), "check");
+    EXPECT_TRUE(year.prompter.shown.empty());
+}
+
+TEST_F(RowOperationsTest, AfterMakeTheUpdatePostsTheBillThatIsDueAgain) {
+    rightClick(2, {"make", "check"});
+    Saved s = saved();
+    // Due on 28 March and no longer paid: the update posts it on its day,
+    // above the emptied line.
+    EXPECT_EQ(s.numbers(), oneTo(25));
+    EXPECT_EQ(s.fields(2)[schema::kExpense], "Water");
+    EXPECT_EQ(s.fields(2)[schema::kStatus], "processing");
+    EXPECT_EQ(s.fields(4), emptyLine("25", "check"));
+}
+
+TEST_F(RowOperationsTest, MakeOnAReceivableLineTakesItsItemFromTheCustomer) {
+    rightClick(6, {"make", "debit"});  // line 7, Maple Street Bakery's 600.00
+    Saved s = saved();
+    EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"20"}));
+    EXPECT_EQ(s.fields(7), emptyLine("20", "debit"));
+    EXPECT_EQ(s.numbers(), oneTo(24));
+}
+
+TEST_F(RowOperationsTest, DeleteClosesTheGapAndKeepsTheItemsInStep) {
+    rightClick(2, {"delete", ""});  // line 3, the Water check
+    Saved s = saved();
+    EXPECT_EQ(s.numbers(), oneTo(23));
+    EXPECT_EQ(s.fields(3)[schema::kExpense], "Resturants");
+    EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"19", "6"}));
+    EXPECT_EQ(s.items("Riverside Garden Club"), (std::vector<std::string>{"14"}));
+    EXPECT_EQ(session().view.lineCount, 23);
+    EXPECT_EQ(year.cell(2, f().expense), "Resturants");
+    EXPECT_EQ(year.cell(22, 3), "23");
+
+    // A deleted receivable line takes its item along.
+    rightClick(13, {"delete", ""});
+    s = saved();
+    EXPECT_TRUE(s.items("Riverside Garden Club").empty());
+    EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"18", "6"}));
+    EXPECT_TRUE(year.prompter.shown.empty());
+}
+
+TEST_F(RowOperationsTest, MoveOntoAnEmptyLineAsksNothing) {
+    rightClick(0, {"insert", "debit"});  // an empty line 1; Acme Payroll is now line 3
+    choices.moveTargets = {1};
+    rightClick(2, {"move", ""});
+    EXPECT_TRUE(year.prompter.shown.empty());
+    Saved s = saved();
+    Fields moved = s.fields(1);
+    EXPECT_EQ(moved[schema::kDay], "28");  // the day stays with the line
+    EXPECT_EQ(moved[schema::kExpense], "Acme Payroll");
+    EXPECT_EQ(moved[schema::kDebit], "3150.00");
+    EXPECT_EQ(moved[schema::kTypeOfEntry], "deposit");
+    EXPECT_EQ(s.fields(3), emptyLine("25", "debit"));
+    EXPECT_EQ(s.numbers(), oneTo(25));
+}
+
+TEST_F(RowOperationsTest, MoveAsksForEachFilledFieldAndANoStopsWhereItIs) {
+    rightClick(0, {"insert", "debit"});
+    pugi::xml_node target = childAt(year.month("March"), 0);
+    setChildText(target, schema::kExpense, "Note");
+    setChildText(target, schema::kDescription, "keep me");
+    year.prompter.answers = {Answer::Yes, Answer::No};
+    choices.moveTargets = {1};
+    rightClick(2, {"move", ""});  // Acme Payroll
+    // Then the half-moved source, a deposit that names nothing, is reported.
+    ASSERT_GE(year.prompter.shown.size(), 2u);
+    EXPECT_EQ(year.prompter.shown[0], kMoveTargetNotEmpty);
+    EXPECT_EQ(year.prompter.shown[1], kMoveTargetNotEmpty);
+    EXPECT_EQ(year.prompter.shown[2], "deposit name not found on line3 ...skipping");
+    Saved s = saved();
+    const Fields to = s.fields(1);
+    const Fields from = s.fields(3);
+    EXPECT_EQ(to[schema::kExpense], "Acme Payroll");
+    EXPECT_EQ(to[schema::kDebit], "3150.00");
+    EXPECT_EQ(to[schema::kStatus], "cleared");
+    EXPECT_EQ(to[schema::kDescription], "keep me");
+    EXPECT_EQ(to[schema::kInstitution], "");
+    EXPECT_EQ(from[schema::kExpense], "");
+    EXPECT_EQ(from[schema::kStatus], "");
+    EXPECT_EQ(from[schema::kDescription], "Payroll");
+    EXPECT_EQ(from[schema::kInstitution], "First National");
+    EXPECT_EQ(from[schema::kTypeOfEntry], "deposit");
+}
+
+TEST_F(RowOperationsTest, AMoveOfAReceivableLineTakesItsItemToTheTarget) {
+    rightClick(0, {"insert", "debit"});  // Maple's 600.00 is now line 8
+    choices.moveTargets = {1};
+    rightClick(7, {"move", ""});
+    EXPECT_EQ(saved().items("Maple Street Bakery"), (std::vector<std::string>{"21", "1"}));
+}
+
+TEST_F(RowOperationsTest, ACancelledOrImpossibleMoveChangesNothing) {
+    const std::string before = test::readFile(year.path);
+    choices.moveTargets = {0, 3, 40};
+    rightClick(5, {"move", ""});
+    rightClick(2, {"move", ""});  // onto itself
+    EXPECT_TRUE(year.prompter.shown.empty());
+    rightClick(5, {"move", ""});
+    EXPECT_EQ(year.prompter.shown,
+              (std::vector<std::string>{std::string(kNoSuchLineStart) + "40" + kNoSuchLineEnd}));
+    EXPECT_EQ(test::readFile(year.path), before);
+}
+
+TEST_F(RowOperationsTest, CancelChangesNothingAndTheStartingRowHasNoLineToChange) {
+    const std::string before = test::readFile(year.path);
+    rightClick(3, {"cancel", ""});
+    for (const char* op : {"make", "delete", "move"})
+        rightClick(24, {op, "check"});
+    EXPECT_EQ(test::readFile(year.path), before);
+    EXPECT_EQ(choices.opened.size(), 4u);  // no move dialog on the starting row
+    EXPECT_TRUE(year.prompter.shown.empty());
+}
+
+}  // namespace
+}  // namespace tallix

@@ -11,9 +11,9 @@
 
 #include "app/guard.h"
 #include "app/session.h"
+#include "editing/add_item.h"
 #include "editing/cell_choices.h"
 #include "editing/cell_commit.h"
-#include "reference/descriptions.h"
 #include "register/month_display.h"
 #include "ui/grid_model.h"
 
@@ -40,7 +40,7 @@ RegisterGrid::RegisterGrid(Session& session, QTableView* view, GridModel* model,
       view_(view),
       model_(model),
       redraw_(std::move(redraw)),
-      pickers_(dialogPickers(view)) {
+      pickers_(dialogPickers(view, session)) {
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view_->viewport()->installEventFilter(this);
     editor_ = new QLineEdit(view_->viewport());
@@ -215,7 +215,7 @@ void RegisterGrid::OnLButtonDown(const QPoint& at) {
         else if (column == f.institution)
             pickInstitution(row);
         else if (column == f.expense)
-            mark(row, column);
+            pickExpense(row, column);
         else if (v.markedRow >= 0)
             mark(-1, -1);
     });
@@ -227,16 +227,13 @@ void RegisterGrid::OnRButtonDown(const QPoint& at) {
         return;
     const int row = hit.row();
     const int column = hit.column();
-    guarded(session_.prompter(), "OnRButtonDown", [&] {
-        HideEditor();
-        const RegisterView& v = session_.view;
-        if (!v.table.contains(row, column))
-            return;
-        view_->setCurrentIndex(model_->index(row, column));
-        mark(row, column);
-        if (column == v.fields.description && row < v.lineCount)
-            pickDescription(row);
-    });
+    HideEditor();
+    if (!session_.view.table.contains(row, column))
+        return;
+    view_->setCurrentIndex(model_->index(row, column));
+    mark(row, column);
+    tallix::AddItem(session_, row, column, *pickers_);
+    redraw_();
 }
 
 void RegisterGrid::OnLButtonDblClk(const QPoint& at) {
@@ -278,13 +275,12 @@ void RegisterGrid::pickInstitution(int row) {
     redraw_();
 }
 
-void RegisterGrid::pickDescription(int row) {
-    const RegisterView& v = session_.view;
-    const std::string answer = pickers_->pickDescription(
-        descriptions(session_.data.node()), cellText(v.table, row, v.fields.description));
-    if (answer != kDescriptionCancel)
-        writeDescription(session_, row, answer == kDescriptionClear ? std::string() : answer);
-    mark(-1, -1);
+void RegisterGrid::pickExpense(int row, int column) {
+    // Yellow while the picker is open.
+    mark(row, column);
+    view_->viewport()->repaint();
+    tallix::expenseCellClicked(session_, row, column, *pickers_);
+    redraw_();
 }
 
 void RegisterGrid::mark(int row, int column) {

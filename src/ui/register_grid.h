@@ -1,7 +1,7 @@
 #pragma once
 // What the register grid does with the mouse and the keyboard: the in-place
-// editor over a cell, Tab navigation, and the pickers that a click on the
-// Status, Institution or Description cell of a line opens. It sits on the
+// editor over a cell, Tab navigation, the pickers that a click on the
+// Status, Institution or Expense cell of a line opens, and the right click. It sits on the
 // main window's table view and leaves the view's own editing switched off.
 #include <QObject>
 #include <functional>
@@ -55,7 +55,7 @@ class RegisterGrid : public QObject {
     void placeEditor();
     void pickStatus(int row);
     void pickInstitution(int row);
-    void pickDescription(int row);
+    void pickExpense(int row, int column);
     void mark(int row, int column);
 
     Session& session_;

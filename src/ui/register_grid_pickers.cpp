@@ -2,10 +2,18 @@
 
 #include <QString>
 #include <QStringList>
+#include <QTableView>
 
+#include "app/session.h"
+#include "editing/transfers.h"
 #include "ui/bank_select.h"
 #include "ui/description_dlg.h"
+#include "ui/expense_dlg.h"
+#include "ui/move_row_dlg.h"
+#include "ui/receivables_dlg.h"
+#include "ui/row_operations_dlg.h"
 #include "ui/status_dlg.h"
+#include "ui/transfer_dlg.h"
 
 namespace tallix::ui {
 namespace {
@@ -19,7 +27,7 @@ QStringList toList(const std::vector<std::string>& texts) {
 
 class DialogPickers : public GridPickers {
   public:
-    explicit DialogPickers(QWidget* parent) : parent_(parent) {}
+    DialogPickers(QTableView* grid, Session& session) : parent_(grid), session_(session) {}
 
     std::optional<std::string> pickStatus(const std::string& current) override {
         CStatusdlg dialog(toList(statusWords()), QString::fromStdString(current), parent_);
@@ -44,14 +52,48 @@ class DialogPickers : public GridPickers {
         return dialog.answer().toStdString();
     }
 
+    ExpensePick pickExpense(int mode) override {
+        CExpenseDlg dialog(session_.data.node(), mode, parent_);
+        dialog.exec();
+        return dialog.pick();
+    }
+
+    std::string pickCustomer() override {
+        CReceivablesDlg dialog(session_.data.node(), true, parent_);
+        dialog.exec();
+        return dialog.selectedCustomer();
+    }
+
+    TransferAnswer pickTransfer() override {
+        CtransferDlg dialog(transferBanks(session_.data.node()), parent_);
+        dialog.exec();
+        return dialog.answer();
+    }
+
+    RowOperationChoice pickRowOperation(int row) override {
+        CRowOperations popup(parent_);
+        // Beside the clicked line: from the grid's top left corner, down by the
+        // line's height within the grid.
+        popup.placeNear(parent_->mapToGlobal(QPoint(0, 0)), parent_->rowViewportPosition(row));
+        popup.exec();
+        return popup.choice();
+    }
+
+    int pickMoveTarget() override {
+        CMoveRowDlg dialog(parent_);
+        dialog.exec();
+        return dialog.target();
+    }
+
   private:
-    QWidget* parent_;
+    QTableView* parent_;
+    Session& session_;
 };
 
 }  // namespace
 
-std::unique_ptr<GridPickers> dialogPickers(QWidget* parent) {
-    return std::make_unique<DialogPickers>(parent);
+std::unique_ptr<GridPickers> dialogPickers(QTableView* grid, Session& session) {
+    return std::make_unique<DialogPickers>(grid, session);
 }
 
 }  // namespace tallix::ui

@@ -8,8 +8,13 @@
 #include <vector>
 
 #include "editing/cell_choices.h"
+#include "editing/line_choices.h"
 
-class QWidget;
+class QTableView;
+
+namespace tallix {
+class Session;
+}
 
 namespace tallix::ui {
 
@@ -21,24 +26,17 @@ struct BankChoice {
     std::string account;
 };
 
-// The description picker's answers besides a description.
-inline constexpr const char* kDescriptionClear = "clear";
-inline constexpr const char* kDescriptionCancel = "cancel";
-
-class GridPickers {
+class GridPickers : public LineChoices {
   public:
-    virtual ~GridPickers() = default;
     // A status word, or nothing when the picker was closed without one.
     virtual std::optional<std::string> pickStatus(const std::string& current) = 0;
     virtual BankChoice pickInstitution(const std::vector<InstitutionChoice>& choices,
                                        const std::string& institution,
                                        const std::string& account) = 0;
-    // A description of the list, "clear" or "cancel".
-    virtual std::string pickDescription(const std::vector<std::string>& descriptions,
-                                        const std::string& current) = 0;
 };
 
-// The picker dialogs, modal over `parent`.
-std::unique_ptr<GridPickers> dialogPickers(QWidget* parent);
+// The picker dialogs, modal over the register grid, showing the session's
+// year file.
+std::unique_ptr<GridPickers> dialogPickers(QTableView* grid, Session& session);
 
 }  // namespace tallix::ui

@@ -1,0 +1,359 @@
+// The pickers a register line is filled or reshaped with, worked through
+// their own trees, combos, buttons and menus over a small year written inline.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <QTreeWidget>
+
+#include "data/values.h"
+#include "ui/expense_dlg.h"
+#include "ui/move_row_dlg.h"
+#include "ui/receivables_dlg.h"
+#include "ui/row_operations_dlg.h"
+#include "ui/transfer_dlg.h"
+
+namespace tallix {
+namespace {
+
+constexpr const char* kYear = R"(<tallix><financial-institutions>
+  <financial-institution id="banks"><names><name id="First National">
+    <bankaccount><account>Checking</account></bankaccount>
+    <bankaccount><account>Savings</account></bankaccount></name>
+    <name id="Credit Union"><bankaccount><account>Share Draft</account></bankaccount></name>
+  </names></financial-institution>
+  <financial-institution id="creditcards"><names><name id="Visa"/></names></financial-institution>
+</financial-institutions><catagories>
+  <category id="Food"><type>category</type><numberItems>2</numberItems><names>
+    <name id="Trader Joe's"><category>Food</category><type>recurring</type>
+      <account>Savings</account><closingday>15</closingday><institution>First National</institution>
+      <reset/><amount>120.00</amount><months>
+      <month><name>January</name><amount>100.00</amount><datepaid>1/3</datepaid>
+        <duedate>1/5</duedate><status>paid</status><type>auto</type><check>1042</check></month>
+      <month><name>February</name><amount>90.00</amount></month></months></name>
+    <name id="Bakery"><category>Food</category><type>accumulate</type></name></names></category>
+  <category id="Gifts"><type>category</type><numberItems>0</numberItems><names/></category>
+</catagories><income>
+  <name id="Salary"><institution>Credit Union</institution><account>Share Draft</account>
+    <type>auto day</type><dayordate/><daynumber/><amount>2500.00</amount><months/></name>
+  <name id="Pat's pension"><institution>First National</institution><account>Checking</account>
+    <type>posted</type><dayordate/><daynumber/><amount>800.00</amount><months/></name>
+</income><receivables>
+  <revenue><line/><amount/><datepaid/><duedate/><status/><type/><check/></revenue>
+  <name id="O'Neil"><number>C-7</number><institution>Credit Union</institution>
+    <account>Share Draft</account><amount>45.00</amount><months>
+    <month><item><line>4</line><amount>45.00</amount><datepaid>1/9</datepaid><duedate>1/10</duedate>
+      <status>paid</status><type>receivable</type><check>88</check></item></month>
+    <month/><month><item><line>2</line><amount>10.00</amount></item></month></months></name>
+  <name id="Acme"><number>C-9</number><institution/><account/><amount/><months/></name>
+</receivables></tallix>)";
+
+class PickerDialogsTest : public ::testing::Test {
+  protected:
+    void SetUp() override { ASSERT_TRUE(doc.load_string(kYear)); }
+    pugi::xml_node data() const { return doc; }
+    pugi::xml_document doc;
+};
+
+QTreeWidgetItem* findItem(QTreeWidget* tree, const QString& text) {
+    const QList<QTreeWidgetItem*> found =
+        tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
+    return found.isEmpty() ? nullptr : found.front();
+}
+
+QString cell(QTableWidget* table, int row, int column) {
+    const QTableWidgetItem* item = table->item(row, column);
+    return item ? item->text() : QString();
+}
+
+QStringList rowTexts(QTableWidget* table, int row) {
+    QStringList texts;
+    for (int c = 0; c < table->columnCount(); ++c)
+        texts << cell(table, row, c);
+    return texts;
+}
+
+QStringList comboTexts(QComboBox* box) {
+    QStringList texts;
+    for (int i = 0; i < box->count(); ++i)
+        texts << box->itemText(i);
+    return texts;
+}
+
+TEST_F(PickerDialogsTest, ExpensePickerShowsTheSelectedExpenseAndAnswersItWithItsCategory) {
+    ui::CExpenseDlg dialog(data(), kPickExpenseMode);
+    EXPECT_EQ(dialog.windowTitle(), "SELECT AN EXPENSE");
+    QTreeWidget* tree = dialog.tree();
+    ASSERT_EQ(tree->topLevelItemCount(), 2);
+    EXPECT_EQ(tree->topLevelItem(0)->childCount(), 2);
+    EXPECT_EQ(tree->topLevelItem(1)->text(0), "Gifts");
+    EXPECT_EQ(tree->topLevelItem(1)->childCount(), 0);
+
+    QTableWidget* months = dialog.monthTable();
+    ASSERT_EQ(months->rowCount(), 13);
+    EXPECT_EQ(rowTexts(months, 0), QStringList(7));
+    EXPECT_EQ(cell(months, 12, 0), "December");
+    EXPECT_EQ(months->horizontalHeaderItem(6)->text(), "CHECK #");
+    EXPECT_EQ(months->columnWidth(2), 100);
+
+    tree->setCurrentItem(findItem(tree, "Trader Joe's"));
+    EXPECT_EQ(dialog.nameEdit()->text(), "Trader Joe's");
+    EXPECT_EQ(dialog.categoryLabel()->text(), "Food");
+    EXPECT_EQ(dialog.typeBox()->currentText(), "recurring");
+    EXPECT_EQ(dialog.institutionBox()->currentText(), "First National");
+    EXPECT_EQ(comboTexts(dialog.accountBox()), (QStringList{"Checking", "Savings"}));
+    EXPECT_EQ(dialog.accountBox()->currentText(), "Savings");
+    EXPECT_EQ(dialog.repeatingAmountEdit()->text(), "120.00");
+    EXPECT_EQ(dialog.closingDayEdit()->text(), "15");
+    EXPECT_TRUE(dialog.nameEdit()->isReadOnly());
+    EXPECT_EQ(rowTexts(months, 1),
+              (QStringList{"January", "100.00", "1/3", "1/5", "paid", "auto", "1042"}));
+    EXPECT_EQ(cell(months, 2, 1), "90.00");
+
+    // Another expense replaces every field, including months it lacks.
+    tree->setCurrentItem(findItem(tree, "Bakery"));
+    EXPECT_EQ(dialog.typeBox()->currentText(), "accumulate");
+    EXPECT_EQ(dialog.institutionBox()->currentIndex(), -1);
+    EXPECT_EQ(dialog.repeatingAmountEdit()->text(), "");
+    EXPECT_EQ(rowTexts(months, 1), (QStringList{"January", "", "", "", "", "", ""}));
+
+    tree->setCurrentItem(findItem(tree, "Trader Joe's"));
+    QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog.pick().name, "Trader Joe's");
+    EXPECT_EQ(dialog.pick().category, "Food");
+}
+
+TEST_F(PickerDialogsTest, ExpensePickerAnswersNoSelectionUnlessAnExpenseIsPicked) {
+    ui::CExpenseDlg category(data(), kPickExpenseMode);
+    category.tree()->setCurrentItem(findItem(category.tree(), "Food"));
+    EXPECT_EQ(category.categoryLabel()->text(), "Food");
+    EXPECT_EQ(category.nameEdit()->text(), "");
+    QTest::mouseClick(category.okButton(), Qt::LeftButton);
+    EXPECT_EQ(category.pick().name, kNoSelection);
+    EXPECT_EQ(category.pick().category, "");
+
+    ui::CExpenseDlg nothing(data(), kPickExpenseMode);
+    QTest::mouseClick(nothing.okButton(), Qt::LeftButton);
+    EXPECT_EQ(nothing.pick().name, kNoSelection);
+
+    ui::CExpenseDlg canceled(data(), kPickExpenseMode);
+    canceled.tree()->setCurrentItem(findItem(canceled.tree(), "Bakery"));
+    QTest::mouseClick(canceled.cancelButton(), Qt::LeftButton);
+    EXPECT_EQ(canceled.result(), QDialog::Rejected);
+    EXPECT_EQ(canceled.pick().name, kNoSelection);
+
+    ui::CExpenseDlg closed(data(), kPickExpenseMode);
+    closed.show();
+    closed.tree()->setCurrentItem(findItem(closed.tree(), "Bakery"));
+    closed.close();
+    EXPECT_EQ(closed.pick().name, kNoSelection);
+}
+
+TEST_F(PickerDialogsTest, ADoubleClickOnAnExpensePicksItButNotOnACategory) {
+    ui::CExpenseDlg dialog(data(), kPickExpenseMode);
+    dialog.show();
+    QTreeWidget* tree = dialog.tree();
+    const QPoint food = tree->visualItemRect(findItem(tree, "Food")).center();
+    QTest::mouseDClick(tree->viewport(), Qt::LeftButton, {}, food);
+    EXPECT_TRUE(dialog.isVisible());
+    const QPoint bakery = tree->visualItemRect(findItem(tree, "Bakery")).center();
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, bakery);
+    QTest::mouseDClick(tree->viewport(), Qt::LeftButton, {}, bakery);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog.pick().name, "Bakery");
+    EXPECT_EQ(dialog.pick().category, "Food");
+}
+
+TEST_F(PickerDialogsTest, IncomePickerListsTheSourcesAndAnswersTheName) {
+    ui::CExpenseDlg dialog(data(), kPickIncomeMode);
+    EXPECT_EQ(dialog.windowTitle(), "SELECT AN INCOME SOURCE");
+    QTreeWidget* tree = dialog.tree();
+    ASSERT_EQ(tree->topLevelItemCount(), 2);
+    EXPECT_EQ(tree->topLevelItem(0)->text(0), "Salary");
+    EXPECT_EQ(tree->topLevelItem(1)->text(0), "Pat's pension");
+    EXPECT_EQ(tree->topLevelItem(1)->childCount(), 0);
+
+    tree->setCurrentItem(tree->topLevelItem(1));
+    EXPECT_EQ(dialog.nameEdit()->text(), "Pat's pension");
+    EXPECT_EQ(dialog.institutionBox()->currentText(), "First National");
+    EXPECT_EQ(dialog.accountBox()->currentText(), "Checking");
+    EXPECT_EQ(dialog.repeatingAmountEdit()->text(), "800.00");
+    for (int row = 0; row < 13; ++row)
+        EXPECT_EQ(rowTexts(dialog.monthTable(), row).join(""), row ? monthName(row).c_str() : "");
+
+    QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
+    EXPECT_EQ(dialog.pick().name, "Pat's pension");
+    EXPECT_EQ(dialog.pick().category, "");
+}
+
+TEST_F(PickerDialogsTest, CustomerPickerPromptsByModeAndListsTheItemsOfTheSelectedCustomer) {
+    ui::CReceivablesDlg forCell(data(), true);
+    EXPECT_EQ(forCell.prompt()->text(),
+              "SELECT A CUSTOMER TO ADD TO THE EXPENSE ITEM CELL SELECTED");
+    ui::CReceivablesDlg maintain(data(), false);
+    EXPECT_EQ(maintain.prompt()->text(),
+              "SELECT A CUSTOMER TO EDIT OR SELECT ADD NEW TO ADD A NEW CUSTOMER");
+
+    QTreeWidget* tree = forCell.tree();
+    ASSERT_EQ(tree->topLevelItemCount(), 2);  // the revenue template is no customer
+    tree->setCurrentItem(findItem(tree, "O'Neil"));
+    EXPECT_EQ(forCell.numberEdit()->text(), "C-7");
+    EXPECT_EQ(forCell.institutionBox()->currentText(), "Credit Union");
+    EXPECT_EQ(forCell.accountBox()->currentText(), "Share Draft");
+    EXPECT_EQ(forCell.repeatingAmountEdit()->text(), "45.00");
+    QTableWidget* items = forCell.itemTable();
+    EXPECT_EQ(items->horizontalHeaderItem(1)->text(), "LINE");
+    ASSERT_EQ(items->rowCount(), 2);
+    EXPECT_EQ(rowTexts(items, 0),
+              (QStringList{"January", "4", "45.00", "1/9", "1/10", "paid", "receivable", "88"}));
+    EXPECT_EQ(rowTexts(items, 1), (QStringList{"March", "2", "10.00", "", "", "", "", ""}));
+
+    tree->setCurrentItem(findItem(tree, "Acme"));
+    EXPECT_EQ(items->rowCount(), 0);
+    EXPECT_EQ(forCell.institutionBox()->currentIndex(), -1);
+    tree->setCurrentItem(findItem(tree, "O'Neil"));
+    QTest::mouseClick(forCell.okButton(), Qt::LeftButton);
+    EXPECT_EQ(forCell.selectedCustomer(), "O'Neil");
+
+    maintain.tree()->setCurrentItem(findItem(maintain.tree(), "Acme"));
+    QTest::mouseClick(maintain.cancelButton(), Qt::LeftButton);
+    EXPECT_EQ(maintain.selectedCustomer(), kNoSelection);
+    ui::CReceivablesDlg nothing(data(), true);
+    QTest::mouseClick(nothing.okButton(), Qt::LeftButton);
+    EXPECT_EQ(nothing.selectedCustomer(), kNoSelection);
+}
+
+const std::vector<InstitutionChoice> kBanks = {{"First National", {"Checking", "Savings"}},
+                                               {"Credit Union", {"Share Draft"}}};
+
+QString labelOf(QWidget* field) {
+    auto* form = qobject_cast<QFormLayout*>(field->parentWidget()->layout());
+    auto* label = form ? qobject_cast<QLabel*>(form->labelForField(field)) : nullptr;
+    return label ? label->text() : QString();
+}
+
+std::vector<std::string> texts(const TransferAnswer& a) {
+    return {a.fromInstitution, a.fromAccount, a.toInstitution, a.toAccount, a.amount};
+}
+
+TEST(TransferDialog, StartsWithNothingChosenAndFillsOnlyTheMatchingAccountList) {
+    ui::CtransferDlg dialog(kBanks);
+    EXPECT_EQ(dialog.frame()->title(), "TRANSFER");
+    EXPECT_EQ(labelOf(dialog.fromInstitutionBox()), "FROM INSTITUTION");
+    EXPECT_EQ(labelOf(dialog.toAccountBox()), "TO ACCOUNT");
+    EXPECT_EQ(qobject_cast<QGroupBox*>(dialog.toAccountBox()->parentWidget())->title(),
+              "TO TARGET");
+    EXPECT_EQ(dialog.performButton()->text(), "PERFORM TRANFER");
+    for (QComboBox* box : {dialog.fromInstitutionBox(), dialog.toInstitutionBox()}) {
+        EXPECT_EQ(comboTexts(box), (QStringList{"First National", "Credit Union"}));
+        EXPECT_EQ(box->currentIndex(), -1);
+    }
+    EXPECT_EQ(dialog.fromAccountBox()->count(), 0);
+    EXPECT_EQ(dialog.toAccountBox()->count(), 0);
+
+    dialog.toInstitutionBox()->setCurrentIndex(1);
+    EXPECT_EQ(comboTexts(dialog.toAccountBox()), (QStringList{"Share Draft"}));
+    dialog.fromInstitutionBox()->setCurrentIndex(0);
+    EXPECT_EQ(comboTexts(dialog.fromAccountBox()), (QStringList{"Checking", "Savings"}));
+    EXPECT_EQ(comboTexts(dialog.toAccountBox()), (QStringList{"Share Draft"}));
+    dialog.fromInstitutionBox()->setCurrentIndex(1);
+    EXPECT_EQ(comboTexts(dialog.fromAccountBox()), (QStringList{"Share Draft"}));
+
+    dialog.fromInstitutionBox()->setCurrentIndex(0);
+    dialog.fromAccountBox()->setCurrentIndex(1);
+    QTest::keyClicks(dialog.amountEdit(), "250.00");
+    QTest::mouseClick(dialog.performButton(), Qt::LeftButton);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(texts(dialog.answer()),
+              (std::vector<std::string>{"First National", "Savings", "Credit Union", "Share Draft",
+                                        "250.00"}));
+}
+
+TEST(TransferDialog, CancelAndAnEmptyPerformAnswerEmptyTexts) {
+    ui::CtransferDlg canceled(kBanks);
+    canceled.fromInstitutionBox()->setCurrentIndex(0);
+    canceled.amountEdit()->setText(QStringLiteral("10"));
+    QTest::mouseClick(canceled.cancelButton(), Qt::LeftButton);
+    EXPECT_EQ(canceled.result(), QDialog::Rejected);
+    EXPECT_EQ(texts(canceled.answer()), std::vector<std::string>(5));
+
+    ui::CtransferDlg empty(kBanks);
+    QTest::mouseClick(empty.performButton(), Qt::LeftButton);
+    EXPECT_EQ(empty.result(), QDialog::Accepted);
+    EXPECT_EQ(texts(empty.answer()), std::vector<std::string>(5));
+}
+
+void expectChoice(const char* menu, const char* item, const char* operation, const char* kind) {
+    ui::CRowOperations popup;
+    QAction* action = popup.findAction(menu, item);
+    ASSERT_NE(action, nullptr) << menu << "/" << item;
+    action->trigger();
+    EXPECT_EQ(popup.result(), QDialog::Accepted) << item;
+    EXPECT_EQ(popup.choice().operation, operation) << menu << "/" << item;
+    EXPECT_EQ(popup.choice().kind, kind) << menu << "/" << item;
+}
+
+TEST(RowOperationsPopup, EveryItemAnswersItsOperationAndKind) {
+    const char* kinds[] = {"debit", "check", "deposit", "medication", "credit card", "receivable"};
+    const char* insert[] = {"Blank", "Check", "Deposit", "Medication", "Credicard", "Receivable"};
+    const char* make[] = {"Blank", "Check", "Deposit", "Medication", "Creditcard", "Receivable"};
+    for (int i = 0; i < 6; ++i) {
+        expectChoice("Insert", insert[i], "insert", kinds[i]);
+        expectChoice("Make", make[i], "make", kinds[i]);
+    }
+    expectChoice("", "Delete", "delete", "");
+    expectChoice("", "Move", "move", "");
+    expectChoice("", "CANCEL", "cancel", "");
+    ui::CRowOperations popup;
+    EXPECT_EQ(popup.findAction("Insert", "Creditcard"), nullptr);
+    EXPECT_EQ(popup.menuBar()->actions().size(), 5);
+}
+
+TEST(RowOperationsPopup, ClosingAnswersCancelAndThePopupIsPaintedAndPlaced) {
+    ui::CRowOperations popup;
+    EXPECT_TRUE(popup.windowFlags().testFlag(Qt::FramelessWindowHint));
+    popup.show();
+    popup.reject();
+    EXPECT_EQ(popup.choice().operation, "cancel");
+    EXPECT_EQ(popup.choice().kind, "");
+
+    popup.placeNear(QPoint(40, 100), 55);
+    EXPECT_EQ(popup.pos(), QPoint(340, 165));
+
+    const QString lilac = QColor(229, 181, 233).name();
+    const QImage barImage = popup.menuBar()->grab().toImage();
+    EXPECT_EQ(barImage.pixelColor(barImage.width() - 3, barImage.height() / 2).name(), lilac);
+    auto* insert = popup.findChild<QMenu*>(QStringLiteral("insertMenu"));
+    ASSERT_NE(insert, nullptr);
+    const QImage menuImage = insert->grab().toImage();
+    EXPECT_EQ(menuImage.pixelColor(menuImage.width() - 3, 2).name(), lilac);
+}
+
+TEST(MoveRowDialog, AnswersTheTypedNumberOrZero) {
+    const std::pair<const char*, int> typed[] = {{"12", 12}, {" 7 ", 7}, {"abc", 0}, {"", 0}};
+    for (const auto& [text, expected] : typed) {
+        ui::CMoveRowDlg dialog;
+        QTest::keyClicks(dialog.lineEdit(), text);
+        QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
+        EXPECT_EQ(dialog.result(), QDialog::Accepted);
+        EXPECT_EQ(dialog.target(), expected) << text;
+    }
+    ui::CMoveRowDlg canceled;
+    QTest::keyClicks(canceled.lineEdit(), "12");
+    QTest::mouseClick(canceled.cancelButton(), Qt::LeftButton);
+    EXPECT_EQ(canceled.result(), QDialog::Rejected);
+    EXPECT_EQ(canceled.target(), 0);
+}
+
+}  // namespace
+}  // namespace tallix

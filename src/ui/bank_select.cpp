@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include "ui/plan_dialog_parts.h"
+
 namespace tallix::ui {
 
 CBankselect::CBankselect(std::vector<InstitutionChoice> choices, const std::string& institution,
@@ -44,11 +46,7 @@ CBankselect::CBankselect(std::vector<InstitutionChoice> choices, const std::stri
 }
 
 void CBankselect::showAccounts(int institution) {
-    accounts_->clear();
-    if (institution < 0 || institution >= static_cast<int>(choices_.size()))
-        return;
-    for (const std::string& a : choices_[static_cast<size_t>(institution)].accounts)
-        accounts_->addItem(QString::fromStdString(a));
+    fillAccounts(accounts_, choices_, institution);
 }
 
 void CBankselect::finish(BankChoice::Outcome outcome) {

@@ -13,6 +13,7 @@
 #include <iterator>
 
 #include "data/values.h"
+#include "ui/plan_dialog_parts.h"
 
 namespace tallix::ui {
 namespace {
@@ -30,10 +31,6 @@ constexpr MonthColumn kMonthColumns[] = {{"MONTH", 75},    {"AMOUNT", 75},  {"DA
                                          {"DUEDATE", 100}, {"STATUS", 100}, {"TYPE", 100},
                                          {"CHECK #", 75}};
 constexpr int kMonthRows = 13;  // row 0 stands for no month; rows 1-12 are the months
-
-QString qs(const std::string& text) {
-    return QString::fromStdString(text);
-}
 
 void setCell(QTableWidget* table, int row, int column, const std::string& text) {
     table->setItem(row, column, new QTableWidgetItem(qs(text)));
@@ -59,17 +56,9 @@ CExpenseDlg::CExpenseDlg(pugi::xml_node yearData, int mode, QWidget* parent)
     body->addWidget(buildDetails(), 3);
     layout->addLayout(body);
 
-    auto* buttons = new QHBoxLayout;
-    ok_ = new QPushButton(QStringLiteral("OK"), this);
-    ok_->setObjectName(QStringLiteral("okButton"));
-    cancel_ = new QPushButton(QStringLiteral("CANCEL"), this);
-    cancel_->setObjectName(QStringLiteral("cancelButton"));
-    buttons->addStretch();
-    for (QPushButton* b : {ok_, cancel_}) {
-        b->setAutoDefault(false);
-        buttons->addWidget(b);
-    }
-    layout->addLayout(buttons);
+    const OkCancel buttons = addOkCancelRow(layout, this);
+    ok_ = buttons.ok;
+    cancel_ = buttons.cancel;
 
     fillTree();
     connect(tree_, &QTreeWidget::currentItemChanged, this,
@@ -78,7 +67,6 @@ CExpenseDlg::CExpenseDlg(pugi::xml_node yearData, int mode, QWidget* parent)
         if (isPickable(item))
             pickCurrent();
     });
-    connect(institution_, &QComboBox::currentIndexChanged, this, &CExpenseDlg::showAccounts);
     connect(ok_, &QPushButton::clicked, this, &CExpenseDlg::pickCurrent);
     connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -87,38 +75,21 @@ QWidget* CExpenseDlg::buildDetails() {
     auto* panel = new QWidget(this);
     auto* column = new QVBoxLayout(panel);
     auto* form = new QFormLayout;
-    name_ = new QLineEdit(panel);
-    name_->setObjectName(QStringLiteral("nameEdit"));
+    column->addLayout(form);
+    name_ = addTextRow(form, QStringLiteral("NAME"), QStringLiteral("nameEdit"));
     category_ = new QLabel(panel);
     category_->setObjectName(QStringLiteral("categoryLabel"));
-    type_ = new QComboBox(panel);
-    type_->setObjectName(QStringLiteral("typeBox"));
+    form->addRow(QStringLiteral("CATEGORY"), category_);
+    type_ = addChoiceRow(form, QStringLiteral("TYPE"), QStringLiteral("typeBox"));
     type_->addItems(
         {QStringLiteral("accumulate"), QStringLiteral("recurring"), QStringLiteral("auto")});
-    institution_ = new QComboBox(panel);
-    institution_->setObjectName(QStringLiteral("institutionBox"));
-    for (const InstitutionChoice& bank : banks_)
-        institution_->addItem(qs(bank.name));
-    account_ = new QComboBox(panel);
-    account_->setObjectName(QStringLiteral("accountBox"));
-    amount_ = new QLineEdit(panel);
-    amount_->setObjectName(QStringLiteral("repeatingAmountEdit"));
-    closingDay_ = new QLineEdit(panel);
-    closingDay_->setObjectName(QStringLiteral("closingDayEdit"));
-    form->addRow(QStringLiteral("NAME"), name_);
-    form->addRow(QStringLiteral("CATEGORY"), category_);
-    form->addRow(QStringLiteral("TYPE"), type_);
-    form->addRow(QStringLiteral("DEFAULT INSTITUTION"), institution_);
-    form->addRow(QStringLiteral("DEFAULT ACCOUNT"), account_);
-    form->addRow(QStringLiteral("REPEATING AMOUNT"), amount_);
-    form->addRow(QStringLiteral("CLOSING DAY"), closingDay_);
-    column->addLayout(form);
+    bank_ = addBankRows(form, banks_);
+    amount_ =
+        addTextRow(form, QStringLiteral("REPEATING AMOUNT"), QStringLiteral("repeatingAmountEdit"));
+    closingDay_ = addTextRow(form, QStringLiteral("CLOSING DAY"), QStringLiteral("closingDayEdit"));
     // Editing the plan from here comes with the maintenance commands; until
     // then the fields only show what the file holds.
-    for (QLineEdit* edit : {name_, amount_, closingDay_})
-        edit->setReadOnly(true);
-    for (QComboBox* box : {type_, institution_, account_})
-        box->setEnabled(false);
+    showOnly({name_, amount_, closingDay_}, {type_, bank_.institution, bank_.account});
 
     months_ = new QTableWidget(kMonthRows, static_cast<int>(std::size(kMonthColumns)), panel);
     months_->setObjectName(QStringLiteral("monthTable"));
@@ -181,7 +152,7 @@ void CExpenseDlg::showExpense(const ExpenseDetails& details) {
     name_->setText(qs(details.name));
     category_->setText(qs(details.category));
     type_->setCurrentIndex(type_->findText(qs(details.type)));
-    showBank(details.institution, details.account);
+    bank_.show(details.institution, details.account);
     amount_->setText(qs(details.repeatingAmount));
     closingDay_->setText(qs(details.closingDay));
     for (size_t m = 0; m < details.months.size() && m + 1 < kMonthRows; ++m) {
@@ -196,22 +167,8 @@ void CExpenseDlg::showExpense(const ExpenseDetails& details) {
 
 void CExpenseDlg::showIncome(const IncomeSource& source) {
     name_->setText(qs(source.name));
-    showBank(source.institution, source.account);
+    bank_.show(source.institution, source.account);
     amount_->setText(qs(source.amount));
-}
-
-void CExpenseDlg::showBank(const std::string& institution, const std::string& account) {
-    institution_->setCurrentIndex(institution_->findText(qs(institution)));
-    showAccounts(institution_->currentIndex());
-    account_->setCurrentIndex(account_->findText(qs(account)));
-}
-
-void CExpenseDlg::showAccounts(int institution) {
-    account_->clear();
-    if (institution < 0 || institution >= static_cast<int>(banks_.size()))
-        return;
-    for (const std::string& a : banks_[static_cast<size_t>(institution)].accounts)
-        account_->addItem(qs(a));
 }
 
 void CExpenseDlg::clearDetails() {
@@ -219,8 +176,8 @@ void CExpenseDlg::clearDetails() {
         edit->clear();
     category_->clear();
     type_->setCurrentIndex(-1);
-    institution_->setCurrentIndex(-1);
-    account_->clear();
+    bank_.institution->setCurrentIndex(-1);
+    bank_.account->clear();
     for (int row = 0; row < kMonthRows; ++row)
         for (int c = 1; c < months_->columnCount(); ++c)
             delete months_->takeItem(row, c);

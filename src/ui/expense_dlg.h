@@ -8,6 +8,7 @@
 #include "editing/cell_choices.h"
 #include "editing/line_choices.h"
 #include "reference/plan_lists.h"
+#include "ui/plan_dialog_parts.h"
 
 class QComboBox;
 class QLabel;
@@ -36,8 +37,8 @@ class CExpenseDlg : public QDialog {
     QLineEdit* nameEdit() const { return name_; }
     QLabel* categoryLabel() const { return category_; }
     QComboBox* typeBox() const { return type_; }
-    QComboBox* institutionBox() const { return institution_; }
-    QComboBox* accountBox() const { return account_; }
+    QComboBox* institutionBox() const { return bank_.institution; }
+    QComboBox* accountBox() const { return bank_.account; }
     QLineEdit* repeatingAmountEdit() const { return amount_; }
     QLineEdit* closingDayEdit() const { return closingDay_; }
     QTableWidget* monthTable() const { return months_; }
@@ -51,8 +52,6 @@ class CExpenseDlg : public QDialog {
     void showSelection(QTreeWidgetItem* item);
     void showExpense(const ExpenseDetails& details);
     void showIncome(const IncomeSource& source);
-    void showBank(const std::string& institution, const std::string& account);
-    void showAccounts(int institution);
     void clearDetails();
     void pickCurrent();
 
@@ -66,8 +65,7 @@ class CExpenseDlg : public QDialog {
     QLineEdit* name_ = nullptr;
     QLabel* category_ = nullptr;
     QComboBox* type_ = nullptr;
-    QComboBox* institution_ = nullptr;
-    QComboBox* account_ = nullptr;
+    BankRows bank_;
     QLineEdit* amount_ = nullptr;
     QLineEdit* closingDay_ = nullptr;
     QTableWidget* months_ = nullptr;

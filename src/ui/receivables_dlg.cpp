@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "editing/line_choices.h"
+#include "ui/plan_dialog_parts.h"
 
 namespace tallix::ui {
 namespace {
@@ -24,10 +25,6 @@ const QStringList& itemColumns() {
                                        QStringLiteral("DUEDATE"), QStringLiteral("STATUS"),
                                        QStringLiteral("TYPE"),    QStringLiteral("CHECK #")};
     return titles;
-}
-
-QString qs(const std::string& text) {
-    return QString::fromStdString(text);
 }
 
 }  // namespace
@@ -62,22 +59,13 @@ CReceivablesDlg::CReceivablesDlg(pugi::xml_node yearData, bool pickForCell, QWid
     body->addWidget(buildDetails(), 3);
     layout->addLayout(body);
 
-    auto* buttons = new QHBoxLayout;
-    ok_ = new QPushButton(QStringLiteral("OK"), this);
-    ok_->setObjectName(QStringLiteral("okButton"));
-    cancel_ = new QPushButton(QStringLiteral("CANCEL"), this);
-    cancel_->setObjectName(QStringLiteral("cancelButton"));
-    buttons->addStretch();
-    for (QPushButton* b : {ok_, cancel_}) {
-        b->setAutoDefault(false);
-        buttons->addWidget(b);
-    }
-    layout->addLayout(buttons);
+    const OkCancel buttons = addOkCancelRow(layout, this);
+    ok_ = buttons.ok;
+    cancel_ = buttons.cancel;
 
     connect(tree_, &QTreeWidget::currentItemChanged, this,
             [this](QTreeWidgetItem* now) { showCustomer(now); });
     connect(tree_, &QTreeWidget::itemDoubleClicked, this, &CReceivablesDlg::pickCurrent);
-    connect(institution_, &QComboBox::currentIndexChanged, this, &CReceivablesDlg::showAccounts);
     connect(ok_, &QPushButton::clicked, this, &CReceivablesDlg::pickCurrent);
     connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -86,30 +74,15 @@ QWidget* CReceivablesDlg::buildDetails() {
     auto* panel = new QWidget(this);
     auto* column = new QVBoxLayout(panel);
     auto* form = new QFormLayout;
-    name_ = new QLineEdit(panel);
-    name_->setObjectName(QStringLiteral("nameEdit"));
-    number_ = new QLineEdit(panel);
-    number_->setObjectName(QStringLiteral("customerNumberEdit"));
-    institution_ = new QComboBox(panel);
-    institution_->setObjectName(QStringLiteral("institutionBox"));
-    for (const InstitutionChoice& bank : banks_)
-        institution_->addItem(qs(bank.name));
-    institution_->setCurrentIndex(-1);
-    account_ = new QComboBox(panel);
-    account_->setObjectName(QStringLiteral("accountBox"));
-    amount_ = new QLineEdit(panel);
-    amount_->setObjectName(QStringLiteral("repeatingAmountEdit"));
-    form->addRow(QStringLiteral("NAME"), name_);
-    form->addRow(QStringLiteral("CUSTOMER NUMBER"), number_);
-    form->addRow(QStringLiteral("DEFAULT INSTITUTION"), institution_);
-    form->addRow(QStringLiteral("DEFAULT ACCOUNT"), account_);
-    form->addRow(QStringLiteral("REPEATING AMOUNT"), amount_);
     column->addLayout(form);
+    name_ = addTextRow(form, QStringLiteral("NAME"), QStringLiteral("nameEdit"));
+    number_ =
+        addTextRow(form, QStringLiteral("CUSTOMER NUMBER"), QStringLiteral("customerNumberEdit"));
+    bank_ = addBankRows(form, banks_);
+    amount_ =
+        addTextRow(form, QStringLiteral("REPEATING AMOUNT"), QStringLiteral("repeatingAmountEdit"));
     // Customers are changed through the maintenance commands, not here yet.
-    for (QLineEdit* edit : {name_, number_, amount_})
-        edit->setReadOnly(true);
-    for (QComboBox* box : {institution_, account_})
-        box->setEnabled(false);
+    showOnly({name_, number_, amount_}, {bank_.institution, bank_.account});
 
     items_ = new QTableWidget(0, static_cast<int>(itemColumns().size()), panel);
     items_->setObjectName(QStringLiteral("itemTable"));
@@ -126,16 +99,14 @@ void CReceivablesDlg::showCustomer(QTreeWidgetItem* item) {
     if (at < 0 || at >= static_cast<int>(customers_.size())) {
         for (QLineEdit* edit : {name_, number_, amount_})
             edit->clear();
-        institution_->setCurrentIndex(-1);
+        bank_.institution->setCurrentIndex(-1);
         return;
     }
     const Customer& c = customers_[static_cast<size_t>(at)];
     name_->setText(qs(c.name));
     number_->setText(qs(c.number));
     amount_->setText(qs(c.amount));
-    institution_->setCurrentIndex(institution_->findText(qs(c.institution)));
-    showAccounts(institution_->currentIndex());
-    account_->setCurrentIndex(account_->findText(qs(c.account)));
+    bank_.show(c.institution, c.account);
 
     const std::vector<ReceivableRow> rows = receivableRows(data_, c.name);
     items_->setRowCount(static_cast<int>(rows.size()));
@@ -147,14 +118,6 @@ void CReceivablesDlg::showCustomer(QTreeWidgetItem* item) {
                                         &e.status, &e.type, &e.check})
             items_->setItem(r, col++, new QTableWidgetItem(qs(*text)));
     }
-}
-
-void CReceivablesDlg::showAccounts(int institution) {
-    account_->clear();
-    if (institution < 0 || institution >= static_cast<int>(banks_.size()))
-        return;
-    for (const std::string& a : banks_[static_cast<size_t>(institution)].accounts)
-        account_->addItem(qs(a));
 }
 
 void CReceivablesDlg::pickCurrent() {

@@ -7,6 +7,7 @@
 
 #include "editing/cell_choices.h"
 #include "reference/plan_lists.h"
+#include "ui/plan_dialog_parts.h"
 
 class QComboBox;
 class QLabel;
@@ -35,8 +36,8 @@ class CReceivablesDlg : public QDialog {
     QTreeWidget* tree() const { return tree_; }
     QLineEdit* nameEdit() const { return name_; }
     QLineEdit* numberEdit() const { return number_; }
-    QComboBox* institutionBox() const { return institution_; }
-    QComboBox* accountBox() const { return account_; }
+    QComboBox* institutionBox() const { return bank_.institution; }
+    QComboBox* accountBox() const { return bank_.account; }
     QLineEdit* repeatingAmountEdit() const { return amount_; }
     QTableWidget* itemTable() const { return items_; }
     QPushButton* okButton() const { return ok_; }
@@ -45,7 +46,6 @@ class CReceivablesDlg : public QDialog {
   private:
     QWidget* buildDetails();
     void showCustomer(QTreeWidgetItem* item);
-    void showAccounts(int institution);
     void pickCurrent();
 
     pugi::xml_node data_;
@@ -57,8 +57,7 @@ class CReceivablesDlg : public QDialog {
     QTreeWidget* tree_ = nullptr;
     QLineEdit* name_ = nullptr;
     QLineEdit* number_ = nullptr;
-    QComboBox* institution_ = nullptr;
-    QComboBox* account_ = nullptr;
+    BankRows bank_;
     QLineEdit* amount_ = nullptr;
     QTableWidget* items_ = nullptr;
     QPushButton* ok_ = nullptr;

@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/plan_dialog_parts.h"
+
 namespace tallix::ui {
 
 CtransferDlg::CtransferDlg(std::vector<InstitutionChoice> banks, QWidget* parent)
@@ -67,11 +69,7 @@ QGroupBox* CtransferDlg::buildTarget(const QString& title, const QString& side,
 }
 
 void CtransferDlg::showAccounts(int institution, QComboBox* accounts) {
-    accounts->clear();
-    if (institution < 0 || institution >= static_cast<int>(banks_.size()))
-        return;
-    for (const std::string& a : banks_[static_cast<size_t>(institution)].accounts)
-        accounts->addItem(QString::fromStdString(a));
+    fillAccounts(accounts, banks_, institution);
 }
 
 void CtransferDlg::perform() {

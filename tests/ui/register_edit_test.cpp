@@ -20,6 +20,7 @@
 #include "register/month_display.h"
 #include "register/month_lines.h"
 #include "register/plan_index.h"
+#include "ui/grid_clicks.h"
 #include "ui/grid_model.h"
 #include "ui/month_buttons.h"
 #include "ui/register_grid.h"
@@ -73,13 +74,8 @@ class RegisterEditTest : public test::SampleYearTest {
     }
 
     QTableView* view() { return window.grid(); }
-    QPoint centre(int row, int column) {
-        const QModelIndex index = window.gridModel()->index(row, column);
-        view()->scrollTo(index);
-        return view()->visualRect(index).center();
-    }
     void click(int row, int column, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(view()->viewport(), button, {}, centre(row, column));
+        test::clickCell(window, row, column, button);
     }
     // The editor on screen: a closed one may linger hidden.
     QLineEdit* visibleEditor() {
@@ -89,7 +85,7 @@ class RegisterEditTest : public test::SampleYearTest {
         return nullptr;
     }
     QLineEdit* openOn(int row, int column) {
-        QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, centre(row, column));
+        test::doubleClickCell(window, row, column);
         return visibleEditor();
     }
     // Double-clicks the cell, types over its text and leaves with `key`.

@@ -15,6 +15,7 @@
 #include "data/schema_names.h"
 #include "data/values.h"
 #include "register/plan_index.h"
+#include "ui/grid_clicks.h"
 #include "ui/grid_model.h"
 #include "ui/register_grid.h"
 #include "ui/sample_year.h"
@@ -59,20 +60,15 @@ class RegisterRowsTest : public test::SampleYearTest {
     }
 
     QTableView* view() { return window.grid(); }
-    QPoint centre(int row, int column) {
-        const QModelIndex index = window.gridModel()->index(row, column);
-        view()->scrollTo(index);
-        return view()->visualRect(index).center();
-    }
     void click(int row, int column, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(view()->viewport(), button, {}, centre(row, column));
+        test::clickCell(window, row, column, button);
     }
     void rightClick(int row, RowOperationChoice choice) {
         pickers->rowOperations.push_back(std::move(choice));
         click(row, f().amount, Qt::RightButton);
     }
     void type(int row, int column, const QString& text) {
-        QTest::mouseDClick(view()->viewport(), Qt::LeftButton, {}, centre(row, column));
+        test::doubleClickCell(window, row, column);
         QLineEdit* editor = window.findChild<ui::RegisterGrid*>()->openEditorWidget();
         ASSERT_NE(editor, nullptr);
         QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);

@@ -252,5 +252,21 @@ TEST_F(RowOperationsTest, CancelChangesNothingAndTheStartingRowHasNoLineToChange
     EXPECT_TRUE(year.prompter.shown.empty());
 }
 
+TEST_F(RowOperationsTest, AFailureNamesTheHandlerThatFailedAndTheUpdateStillRuns) {
+    // A row whose ITEM cell names no line of the month.
+    session().view.table.set(4, 3, "99");
+    rightClick(4, {"make", "debit"});
+    EXPECT_EQ(year.prompter.shown,
+              (std::vector<std::string>{"runtime error in OnRowoperationsDelete() "}));
+    // The update that follows shows the month as the file has it again.
+    EXPECT_EQ(year.cell(4, 3), "5");
+
+    year.prompter.shown.clear();
+    session().view.table.set(4, 3, "99");
+    rightClick(4, {"delete", ""});
+    EXPECT_EQ(year.prompter.shown, (std::vector<std::string>{"runtime error in AddItem() "}));
+    EXPECT_EQ(saved().numbers(), oneTo(24));
+}
+
 }  // namespace
 }  // namespace tallix

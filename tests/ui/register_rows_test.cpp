@@ -188,25 +188,5 @@ TEST_F(RegisterRowsTest, ASittingOfRowChangesLeavesBalancesAndFileAsWorkedOut) {
     EXPECT_EQ(childText(monthEntry(transfers, schema::kIncomeMonths, 11), 1), "500.00");
 }
 
-TEST_F(RegisterRowsTest, AnInsertedLinesDateAndItemShowTheColourOfItsDay) {
-    auto colour = [&](int row, int column) {
-        return window.gridModel()
-            ->index(row, column)
-            .data(Qt::BackgroundRole)
-            .value<QBrush>()
-            .color();
-    };
-    const QColor odd(197, 190, 151), even(204, 255, 255);
-    rightClick(2, {"insert", "debit"});  // the 23rd
-    EXPECT_EQ(colour(2, 2), odd);
-    EXPECT_EQ(colour(2, 3), odd);
-    rightClick(1, {"insert", "debit"});  // the 24th; the odd line moves down with its colours
-    EXPECT_EQ(colour(1, 2), even);
-    EXPECT_EQ(colour(1, 3), even);
-    EXPECT_EQ(colour(3, 2), odd);
-    EXPECT_NE(colour(2, 2), odd);  // Water's own DATE cell has none of them
-    EXPECT_NE(colour(2, 2), even);
-}
-
 }  // namespace
 }  // namespace tallix

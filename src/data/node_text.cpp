@@ -101,9 +101,7 @@ size_t elementChildCount(pugi::xml_node node) {
     return n;
 }
 
-pugi::xml_node childAt(pugi::xml_node node, size_t index) {
-    if (!node)
-        throw std::out_of_range("child " + std::to_string(index) + " of a missing node");
+pugi::xml_node childAtOrNull(pugi::xml_node node, size_t index) {
     size_t i = 0;
     for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
         if (child.type() != pugi::node_element)
@@ -111,6 +109,19 @@ pugi::xml_node childAt(pugi::xml_node node, size_t index) {
         if (i++ == index)
             return child;
     }
+    return {};
+}
+
+std::string childTextOrEmpty(pugi::xml_node node, size_t index) {
+    pugi::xml_node child = childAtOrNull(node, index);
+    return child ? nodeText(child) : std::string();
+}
+
+pugi::xml_node childAt(pugi::xml_node node, size_t index) {
+    if (!node)
+        throw std::out_of_range("child " + std::to_string(index) + " of a missing node");
+    if (pugi::xml_node child = childAtOrNull(node, index))
+        return child;
     throw std::out_of_range("child " + std::to_string(index) + " of " + describe(node) +
                             " is missing");
 }

@@ -24,6 +24,10 @@ size_t elementChildCount(pugi::xml_node node);
 // node or the child does not exist.
 pugi::xml_node childAt(pugi::xml_node node, size_t index);
 std::string childText(pugi::xml_node node, size_t index);
+// The same for readers that list what a hand-edited file holds: a missing
+// node or child gives a null node and an empty text.
+pugi::xml_node childAtOrNull(pugi::xml_node node, size_t index);
+std::string childTextOrEmpty(pugi::xml_node node, size_t index);
 void setChildText(pugi::xml_node node, size_t index, std::string_view text);
 
 // Appends a new element `name` holding `text` (no text node when empty).

@@ -46,8 +46,13 @@ inline constexpr size_t kExpenseMonths = 7;
 inline constexpr size_t kIncomeMonths = 6;
 inline constexpr size_t kCustomerMonths = 4;
 inline constexpr size_t kEntryAmount = 1;
+inline constexpr size_t kEntryDatePaid = 2;
+inline constexpr size_t kEntryDueDate = 3;
 inline constexpr size_t kEntryStatus = 4;
+inline constexpr size_t kEntryType = 5;
 inline constexpr size_t kEntryCheck = 6;
+// A category's expenses stand under its child at this position.
+inline constexpr size_t kCategoryNames = 2;
 
 // The entry kinds that move money between two of the household's own
 // accounts (both capitalisations of "transfer" occur in year files).

@@ -76,7 +76,7 @@ void makeLine(Session& session, int row, const std::string& kind) {
         if (pugi::xml_node planned = expenseOfRow(session, row)) {
             pugi::xml_node entry = monthEntry(planned, schema::kExpenseMonths, session.month);
             setChildText(entry, schema::kEntryStatus, "notpaid");
-            setChildText(entry, 2, "0");  // date paid
+            setChildText(entry, schema::kEntryDatePaid, "0");
             setChildText(entry, schema::kEntryCheck, "0");
         }
     }

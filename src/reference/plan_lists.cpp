@@ -8,9 +8,18 @@
 namespace tallix {
 namespace {
 
-// Positions of an expense's fields, and of the fields of a month entry; a
-// receivable item keeps the register line where an expense month keeps the
+using schema::kCategoryNames;
+using schema::kEntryAmount;
+using schema::kEntryCheck;
+using schema::kEntryDatePaid;
+using schema::kEntryDueDate;
+using schema::kEntryStatus;
+using schema::kEntryType;
+// A receivable item keeps its register line where an expense month keeps the
 // month's name.
+constexpr size_t kItemLine = 0;
+
+// Positions of the fields of an expense, an income source and a customer.
 enum ExpenseChild : size_t {
     kExpenseCategory = 0,
     kExpenseType,
@@ -32,41 +41,15 @@ enum CustomerChild : size_t {
     kCustomerAccount,
     kCustomerAmount
 };
-enum EntryChild : size_t {
-    kEntryFirst = 0,  // the month's name, or a receivable item's line
-    kEntryAmount,
-    kEntryDatePaid,
-    kEntryDueDate,
-    kEntryStatus,
-    kEntryType,
-    kEntryCheck
-};
-constexpr size_t kCategoryNames = 2;
-
-pugi::xml_node elementAt(pugi::xml_node node, size_t index) {
-    size_t at = 0;
-    for (pugi::xml_node c = node.first_child(); c; c = c.next_sibling()) {
-        if (c.type() != pugi::node_element)
-            continue;
-        if (at++ == index)
-            return c;
-    }
-    return {};
-}
-
-std::string fieldText(pugi::xml_node node, size_t index) {
-    pugi::xml_node child = elementAt(node, index);
-    return child ? nodeText(child) : std::string();
-}
 
 std::string idOf(pugi::xml_node node) {
     return attributeText("id", node);
 }
 
 PlanEntryRow entryRow(pugi::xml_node entry) {
-    return {fieldText(entry, kEntryAmount),  fieldText(entry, kEntryDatePaid),
-            fieldText(entry, kEntryDueDate), fieldText(entry, kEntryStatus),
-            fieldText(entry, kEntryType),    fieldText(entry, kEntryCheck)};
+    return {childTextOrEmpty(entry, kEntryAmount),  childTextOrEmpty(entry, kEntryDatePaid),
+            childTextOrEmpty(entry, kEntryDueDate), childTextOrEmpty(entry, kEntryStatus),
+            childTextOrEmpty(entry, kEntryType),    childTextOrEmpty(entry, kEntryCheck)};
 }
 
 }  // namespace
@@ -75,7 +58,7 @@ std::vector<CategoryExpenses> expenseTree(pugi::xml_node data) {
     std::vector<CategoryExpenses> tree;
     for (pugi::xml_node category : selectAll(data, paths::kAllCategories)) {
         CategoryExpenses entry{idOf(category), {}};
-        for (pugi::xml_node name : elementChildren(elementAt(category, kCategoryNames)))
+        for (pugi::xml_node name : elementChildren(childAtOrNull(category, kCategoryNames)))
             if (std::string_view(name.name()) == "name")
                 entry.expenses.push_back(idOf(name));
         tree.push_back(std::move(entry));
@@ -92,14 +75,14 @@ std::optional<ExpenseDetails> expenseDetails(pugi::xml_node data, const std::str
     if (!node)
         return std::nullopt;
     ExpenseDetails details{expense,
-                           fieldText(node, kExpenseCategory),
-                           fieldText(node, kExpenseType),
-                           fieldText(node, kExpenseAccount),
-                           fieldText(node, kExpenseClosingDay),
-                           fieldText(node, kExpenseInstitution),
-                           fieldText(node, kExpenseAmount),
+                           childTextOrEmpty(node, kExpenseCategory),
+                           childTextOrEmpty(node, kExpenseType),
+                           childTextOrEmpty(node, kExpenseAccount),
+                           childTextOrEmpty(node, kExpenseClosingDay),
+                           childTextOrEmpty(node, kExpenseInstitution),
+                           childTextOrEmpty(node, kExpenseAmount),
                            {}};
-    for (pugi::xml_node month : elementChildren(elementAt(node, schema::kExpenseMonths)))
+    for (pugi::xml_node month : elementChildren(childAtOrNull(node, schema::kExpenseMonths)))
         details.months.push_back(entryRow(month));
     return details;
 }
@@ -107,16 +90,19 @@ std::optional<ExpenseDetails> expenseDetails(pugi::xml_node data, const std::str
 std::vector<IncomeSource> incomeSources(pugi::xml_node data) {
     std::vector<IncomeSource> sources;
     for (pugi::xml_node n : selectAll(data, paths::kAllIncome))
-        sources.push_back({idOf(n), fieldText(n, kIncomeInstitution), fieldText(n, kIncomeAccount),
-                           fieldText(n, kIncomeType), fieldText(n, kIncomeAmount)});
+        sources.push_back({idOf(n), childTextOrEmpty(n, kIncomeInstitution),
+                           childTextOrEmpty(n, kIncomeAccount), childTextOrEmpty(n, kIncomeType),
+                           childTextOrEmpty(n, kIncomeAmount)});
     return sources;
 }
 
 std::vector<Customer> customers(pugi::xml_node data) {
     std::vector<Customer> list;
     for (pugi::xml_node n : selectAll(data, paths::kAllReceivables))
-        list.push_back({idOf(n), fieldText(n, kCustomerNumber), fieldText(n, kCustomerInstitution),
-                        fieldText(n, kCustomerAccount), fieldText(n, kCustomerAmount)});
+        list.push_back({idOf(n), childTextOrEmpty(n, kCustomerNumber),
+                        childTextOrEmpty(n, kCustomerInstitution),
+                        childTextOrEmpty(n, kCustomerAccount),
+                        childTextOrEmpty(n, kCustomerAmount)});
     return list;
 }
 
@@ -124,10 +110,10 @@ std::vector<ReceivableRow> receivableRows(pugi::xml_node data, const std::string
     std::vector<ReceivableRow> rows;
     pugi::xml_node node = selectOne(data, paths::kReceivable, customer);
     int month = 0;
-    for (pugi::xml_node m : elementChildren(elementAt(node, schema::kCustomerMonths))) {
+    for (pugi::xml_node m : elementChildren(childAtOrNull(node, schema::kCustomerMonths))) {
         ++month;
         for (pugi::xml_node item : elementChildren(m))
-            rows.push_back({monthName(month), fieldText(item, kEntryFirst), entryRow(item)});
+            rows.push_back({monthName(month), childTextOrEmpty(item, kItemLine), entryRow(item)});
     }
     return rows;
 }

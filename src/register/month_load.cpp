@@ -108,17 +108,18 @@ int postDueEntries(Session& session) {
         if (kind != "recurring" && kind != "auto" && kind != "Auto-Bank")
             continue;
         pugi::xml_node entry = monthEntry(expense, schema::kExpenseMonths, month);
-        std::optional<DueDate> due = parseDate(childText(entry, 3));
-        if (childText(entry, 4) != "notpaid" || !due || !onOrBefore(*due, session.today))
+        std::optional<DueDate> due = parseDate(childText(entry, schema::kEntryDueDate));
+        if (childText(entry, schema::kEntryStatus) != "notpaid" || !due ||
+            !onOrBefore(*due, session.today))
             continue;
         // Only an "auto" entry is cleared at once; "Auto-Bank" and recurring
         // ones wait for the bank as "processing".
         const bool automatic = kind != "recurring";
-        post(entry, 4, *due,
+        post(entry, schema::kEntryStatus, *due,
              {"", attributeText("id", expense),
-              amountFor(childText(entry, 1), childText(expense, 6)), childText(expense, 0),
-              childText(expense, 4), childText(expense, 2), "recurring", automatic ? kind : "debit",
-              kind == "auto" ? "cleared" : "processing"});
+              amountFor(childText(entry, schema::kEntryAmount), childText(expense, 6)),
+              childText(expense, 0), childText(expense, 4), childText(expense, 2), "recurring",
+              automatic ? kind : "debit", kind == "auto" ? "cleared" : "processing"});
     }
     for (pugi::xml_node source : selectAll(data, paths::kAllIncome)) {
         const std::string kind = childText(source, 2);

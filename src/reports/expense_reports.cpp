@@ -15,10 +15,7 @@ using schema::kEntryStatus;
 using schema::kExpenseMonths;
 using schema::kIncomeMonths;
 
-constexpr size_t kCategoryNames = 2;
 constexpr size_t kExpenseType = 1;
-constexpr size_t kPlanDatePaid = 2;
-constexpr size_t kPlanDueDate = 3;
 
 constexpr size_t kIncomeAmount = 1;
 
@@ -30,7 +27,7 @@ constexpr size_t kRmdCurrentDraw = 3;
 
 std::vector<pugi::xml_node> expensesOf(pugi::xml_node category) {
     std::vector<pugi::xml_node> expenses;
-    for (pugi::xml_node child : elementChildren(childAt(category, kCategoryNames))) {
+    for (pugi::xml_node child : elementChildren(childAt(category, schema::kCategoryNames))) {
         if (std::string_view(child.name()) == "name")
             expenses.push_back(child);
     }
@@ -69,8 +66,8 @@ Report recurringReport(pugi::xml_node document, int month) {
             std::string amount = childText(entry, kEntryAmount);
             std::string status = childText(entry, kEntryStatus);
             report.rows.push_back({attributeText("id", expense), amount,
-                                   childText(entry, kPlanDueDate), childText(entry, kPlanDatePaid),
-                                   status});
+                                   childText(entry, schema::kEntryDueDate),
+                                   childText(entry, schema::kEntryDatePaid), status});
             if (status == "no entry")
                 continue;
             double value = planAmount(amount);

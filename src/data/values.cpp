@@ -1,10 +1,12 @@
 #include "data/values.h"
 
+#include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 
 namespace tallix {
@@ -79,20 +81,77 @@ std::string dayOfWeek(int day, int month, int year) {
     return kWeekdays[static_cast<size_t>(weekday)];
 }
 
+namespace {
+
+// Whole and fractional digits rounded half away from zero to whole cents,
+// as one string of digits: ("3", "9999999999999996") is "400".
+std::string roundedCents(const std::string& whole, std::string fraction) {
+    fraction.resize(std::max<size_t>(fraction.size(), 3), '0');
+    std::string digits = (whole.empty() ? "0" : whole) + fraction.substr(0, 2);
+    if (fraction[2] >= '5') {
+        size_t i = digits.size();
+        while (i > 0 && digits[i - 1] == '9')
+            digits[--i] = '0';
+        if (i == 0)
+            digits.insert(digits.begin(), '1');
+        else
+            ++digits[i - 1];
+    }
+    return digits;
+}
+
+// "-", the whole part and two-digit cents; no sign for zero.
+std::string plainAmount(bool negative, std::string cents) {
+    const size_t first = std::min(cents.find_first_not_of('0'), cents.size() - 3);
+    cents.erase(0, first);
+    const bool zero = cents.find_first_not_of('0') == std::string::npos;
+    cents.insert(cents.size() - 2, ".");
+    return (negative && !zero ? "-" : "") + cents;
+}
+
+}  // namespace
+
 std::string amountToText(double amount) {
-    double whole = std::trunc(amount);
-    double fraction = amount - whole;
-    long long cents = std::llround(fraction * 100.0);
-    std::string centsText = std::to_string(cents);
-    if (centsText.size() == 1)
-        centsText = "0" + centsText;
-    // Adding 0.0 turns -0 into 0: an amount between -1 and 0 loses its sign
-    // in the whole part, as it always has.
+    if (!std::isfinite(amount))
+        throw std::out_of_range("stof argument out of range");
+    // The shortest text that reads back as the same double is what gets
+    // rounded, so 2.675 is 2.68 as written, whatever its binary value.
     char buffer[400];
     auto end =
-        std::to_chars(buffer, buffer + sizeof buffer, whole + 0.0, std::chars_format::fixed, 0).ptr;
-    return std::string(buffer, end) + "." + centsText;
+        std::to_chars(buffer, buffer + sizeof buffer, std::fabs(amount), std::chars_format::fixed)
+            .ptr;
+    std::string text(buffer, end);
+    const size_t point = text.find('.');
+    if (point == std::string::npos)
+        return plainAmount(amount < 0, roundedCents(text, ""));
+    return plainAmount(amount < 0, roundedCents(text.substr(0, point), text.substr(point + 1)));
 }
+
+namespace {
+
+// More whole digits than any household amount: refused as a typing slip.
+constexpr size_t kMaxWholeDigits = 13;
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// The cents of the negative forms older files hold, "-3.-5" (-3.05) and
+// "0.-50" (-0.50): whole part, ".", then the cents as a negative whole
+// number. `rest` is what follows the whole part's point.
+std::optional<double> oldNegativeCents(std::string_view rest) {
+    if (rest.size() < 2 || rest.size() > 4 || rest[0] != '-')
+        return std::nullopt;
+    double cents = 0;
+    for (char c : rest.substr(1)) {
+        if (!isDigit(c))
+            return std::nullopt;
+        cents = cents * 10 + (c - '0');
+    }
+    return -cents / 100;
+}
+
+}  // namespace
 
 double textToAmount(std::string_view text) {
     size_t i = 0;
@@ -110,13 +169,79 @@ double textToAmount(std::string_view text) {
     auto [ptr, ec] = std::from_chars(rest.data(), rest.data() + rest.size(), value);
     if (ec == std::errc::result_out_of_range)
         throw std::out_of_range("stof argument out of range");
-    if (ec != std::errc())
+    if (ec != std::errc() || std::isnan(value))
         throw std::invalid_argument("invalid stof argument");
     double magnitude = std::fabs(value);
-    if (std::isfinite(value) && (magnitude > std::numeric_limits<float>::max() ||
-                                 (magnitude != 0 && magnitude < std::numeric_limits<float>::min())))
+    if (std::isinf(value) || magnitude > std::numeric_limits<float>::max() ||
+        (magnitude != 0 && magnitude < std::numeric_limits<float>::min()))
         throw std::out_of_range("stof argument out of range");
-    return negative ? -value : value;
+    if (negative)
+        value = -value;
+    std::string_view after(ptr, static_cast<size_t>(rest.data() + rest.size() - ptr));
+    while (!after.empty() && std::isspace(static_cast<unsigned char>(after.back())))
+        after.remove_suffix(1);
+    if (ptr > rest.data() && ptr[-1] == '.' && value == std::trunc(value))
+        if (std::optional<double> cents = oldNegativeCents(after))
+            return value + *cents;
+    return value;
+}
+
+namespace {
+
+// "1,234,567": groups of three after a first group of one to three digits.
+bool separatedThousands(std::string_view whole) {
+    size_t first = whole.find(',');
+    if (first == 0 || first > 3)
+        return false;
+    for (size_t at = first; at < whole.size(); at += 4)
+        if (whole[at] != ',' || whole.size() - at < 4)
+            return false;
+    return true;
+}
+
+}  // namespace
+
+std::optional<std::string> typedAmountText(std::string_view typed) {
+    std::string_view t = typed;
+    while (!t.empty() && std::isspace(static_cast<unsigned char>(t.front())))
+        t.remove_prefix(1);
+    while (!t.empty() && std::isspace(static_cast<unsigned char>(t.back())))
+        t.remove_suffix(1);
+    bool negative = false;
+    auto takeSign = [&] {
+        if (!t.empty() && (t.front() == '-' || t.front() == '+')) {
+            negative = t.front() == '-';
+            t.remove_prefix(1);
+            return true;
+        }
+        return false;
+    };
+    const bool signFirst = takeSign();
+    if (!t.empty() && t.front() == '$') {
+        t.remove_prefix(1);
+        if (!signFirst)
+            takeSign();
+    }
+    const size_t point = t.find('.');
+    std::string_view whole = t.substr(0, point);
+    std::string_view fraction = point == std::string_view::npos ? "" : t.substr(point + 1);
+    if (whole.find(',') != std::string_view::npos) {
+        if (!separatedThousands(whole))
+            return std::nullopt;
+    }
+    std::string digits;
+    for (char c : whole)
+        if (c != ',')
+            digits += c;
+    if ((digits.empty() && fraction.empty()) || digits.size() > kMaxWholeDigits ||
+        !std::all_of(digits.begin(), digits.end(), isDigit) ||
+        !std::all_of(fraction.begin(), fraction.end(), isDigit))
+        return std::nullopt;
+    if (fraction.size() > 2)
+        return plainAmount(negative, roundedCents(digits, std::string(fraction)));
+    // Up to two decimals stay as typed (12.5 stays 12.5); none gets ".00".
+    return (negative ? "-" : "") + (digits.empty() ? "0" : digits) + "." +
+           (fraction.empty() ? std::string("00") : std::string(fraction));
 }
 
 }  // namespace tallix

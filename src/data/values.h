@@ -1,8 +1,9 @@
 #pragma once
 // Conversions between the text values of the data file and numbers and dates.
-// Amounts are computed in double precision; their text forms are the program's
-// own, including its oddities for negative amounts and cents that round to 100.
+// Amounts are computed in double precision and written exact to the cent, so
+// that a balance read back from its text is the balance that was written.
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,15 +20,24 @@ int monthNumber(std::string_view name);
 // 3 March); "Error getting day of week" when the date cannot be formed.
 std::string dayOfWeek(int day, int month, int year);
 
-// Whole part, ".", cents (two digits or more): 7 -> "7.00", 3.999 -> "3.100",
-// -3.05 -> "-3.-5", -0.5 -> "0.-50".
+// The amount rounded to whole cents (halves away from zero) in plain decimal
+// form: 7 -> "7.00", 3.999 -> "4.00", -3.05 -> "-3.05", -0.5 -> "-0.50".
+// Throws std::out_of_range "stof argument out of range" for a value that is
+// not finite.
 std::string amountToText(double amount);
 
 // Reads as much of the text as forms a number, like the C library's
-// conversion but independent of the locale. Throws std::invalid_argument
-// "invalid stof argument" when the text does not begin with a number and
-// std::out_of_range "stof argument out of range" outside the single-precision
-// range.
+// conversion but independent of the locale, and the negative forms that
+// older files hold: "-3.-5" is -3.05, "0.-50" is -0.50. Throws
+// std::invalid_argument "invalid stof argument" when the text does not begin
+// with a number (or is "nan") and std::out_of_range "stof argument out of
+// range" for infinities and outside the single-precision range.
 double textToAmount(std::string_view text);
+
+// An amount as the user typed it, when the whole text is one amount: an
+// optional sign, "$" and thousands commas are accepted ("-$1,234.5" gives
+// "-1234.5"); ".00" is added to a whole number and more than two decimals
+// are rounded to cents. Nothing for any other text ("12abc", "1.2.3", "").
+std::optional<std::string> typedAmountText(std::string_view typed);
 
 }  // namespace tallix

@@ -1,5 +1,6 @@
 #include "editing/cell_commit.h"
 
+#include <optional>
 #include <sstream>
 
 #include "app/guard.h"
@@ -10,6 +11,7 @@
 #include "data/values.h"
 #include "editing/check_lookup.h"
 #include "editing/line_access.h"
+#include "editing/typed_amount.h"
 #include "reference/descriptions.h"
 #include "register/month_display.h"
 #include "register/plan_index.h"
@@ -45,10 +47,15 @@ class Commit {
     Commit(Session& session, int row, int column)
         : s_(session), f_(session.view.fields), row_(row), column_(column) {}
 
-    void run(std::string text) {
+    // False when the text was refused and nothing was written.
+    bool run(std::string text) {
         GridTable& t = s_.view.table;
-        if (column_ == f_.amount && !text.empty())
-            (void)textToAmount(text);  // refuses "abc" and "1e40" before anything is written
+        if (column_ == f_.amount) {
+            std::optional<std::string> typed = acceptTypedAmount(s_.prompter(), text);
+            if (!typed)
+                return false;
+            text = *typed;
+        }
         t.set(row_, column_, text);
         const std::string expense = t.cell(row_, f_.expense);
         const std::string category = t.cell(row_, f_.category);
@@ -56,12 +63,12 @@ class Commit {
 
         line_ = get_lines(s_, row_);
         if (!line_)
-            return;
+            return true;
         child_ = lineChildOfColumn(f_, column_);
         planned_ = get_expense(s_, row_);
 
         if (category == "Receivables" && column_ == f_.amount) {
-            text = amount(text);
+            amount(text);
             mirrorIntoCustomer(s_, expense, row_, text);
         } else if (category == "Income") {
             if (column_ == f_.amount) {
@@ -80,7 +87,7 @@ class Commit {
                 markCheckCells();
             }
         } else if (column_ == f_.amount) {
-            text = amount(text);
+            amount(text);
             if (planned_)
                 writePlan(kEntryAmount, text);
         } else {
@@ -93,6 +100,7 @@ class Commit {
                 writePlan(kEntryCheck, text);
         }
         s_.saveData();
+        return true;
     }
 
   private:
@@ -110,13 +118,7 @@ class Commit {
     void writePlan(size_t entryChild, const std::string& text) {
         setChildText(monthEntry(planned_, kExpenseMonths, s_.month), entryChild, text);
     }
-    // Amounts stay text: only ".00" is added to one written without a point.
-    std::string amount(const std::string& typed) {
-        std::string text = withCents(typed);
-        s_.view.table.set(row_, column_, text);
-        writeLine(text);
-        return text;
-    }
+    void amount(const std::string& text) { writeLine(text); }
 
     Session& s_;
     const FieldColumns& f_;
@@ -141,24 +143,19 @@ std::string normaliseBlanks(const std::string& text) {
     return out;
 }
 
-std::string withCents(const std::string& amount) {
-    if (amount.empty() || amount.find('.') != std::string::npos)
-        return amount;
-    return amount + ".00";
-}
-
-void commitCell(Session& session, int row, int column, const std::string& typed) {
+bool commitCell(Session& session, int row, int column, const std::string& typed) {
     if (!session.view.table.contains(row, column))
-        return;  // the row went away while the editor was open
-    Commit(session, row, column).run(normaliseBlanks(typed));
+        return true;  // the row went away while the editor was open
+    return Commit(session, row, column).run(normaliseBlanks(typed));
 }
 
 bool HideEditor(Session& session, int row, int column, const std::string& typed) {
     if (session.view.committing)
         return false;
     session.view.committing = true;
-    bool done =
-        guarded(session.prompter(), "HideEditor", [&] { commitCell(session, row, column, typed); });
+    bool done = false;
+    guarded(session.prompter(), "HideEditor",
+            [&] { done = commitCell(session, row, column, typed); });
     session.view.committing = false;
     if (done)
         OnToolsUpdate(session);

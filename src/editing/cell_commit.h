@@ -11,16 +11,16 @@ class Session;
 
 // Leading, trailing and repeated blanks removed.
 std::string normaliseBlanks(const std::string& text);
-// ".00" appended to an amount written without a point: 12 -> 12.00, 12.5 stays.
-std::string withCents(const std::string& amount);
 
-// The commit itself; throws on failure. An amount that is not a number is
-// refused before anything is written.
-void commitCell(Session& session, int row, int column, const std::string& typed);
+// The commit itself; throws on failure. An amount is stored as
+// typedAmountText gives it (12 -> 12.00, 12.5 stays, $1,234.56 -> 1234.56);
+// text that is not one amount is refused with a message before anything is
+// written, and the commit returns false.
+bool commitCell(Session& session, int row, int column, const std::string& typed);
 
 // The guarded command: failures show "runtime error in HideEditor() ". A
 // commit that arrives while another runs is dropped. Returns true when the
-// commit ran to its end.
+// commit ran to its end (and then runs Update).
 bool HideEditor(Session& session, int row, int column, const std::string& typed);
 
 }  // namespace tallix

@@ -31,12 +31,15 @@ bool pickIntoExpenseCell(Session& session, int row, int column, LineChoices& cho
     const ExpensePick pick = choices.pickExpense(deposit ? kPickIncomeMode : kPickExpenseMode);
     if (isNoPick(pick.name))
         return false;
-    if (!deposit)
+    if (!deposit) {
         expenseLookup(session, row, column, pick.name, pick.category);
-    else if (isTransferEntry(session.data.node(), pick.name))
-        applyTransfer(session, row, column, pick.name, choices.pickTransfer());
-    else
+    } else if (isTransferEntry(session.data.node(), pick.name)) {
+        // CANCEL in the transfer dialog leaves the line as it was.
+        const std::optional<TransferAnswer> transfer = choices.pickTransfer();
+        return transfer && applyTransfer(session, row, column, pick.name, *transfer);
+    } else {
         incomeLookup(session, row, column, pick.name);
+    }
     return true;
 }
 

@@ -3,6 +3,7 @@
 // its shape is changed: the expense, income and customer pickers, the
 // transfer dialog, the row-operations popup and the move dialog. The desktop
 // program answers with dialogs; tests answer from a script.
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,7 @@ struct ExpensePick {
     std::string category;
 };
 
-// What the transfer dialog hands back. Closed without PERFORM TRANFER, every
-// text is empty.
+// What the transfer dialog hands back after PERFORM TRANFER.
 struct TransferAnswer {
     std::string fromInstitution;
     std::string fromAccount;
@@ -56,8 +56,9 @@ class LineChoices {
     virtual ExpensePick pickExpense(int mode) = 0;
     // The customer picker: a customer's name, or "noselection".
     virtual std::string pickCustomer() = 0;
-    // The transfer dialog over the banks of the year file.
-    virtual TransferAnswer pickTransfer() = 0;
+    // The transfer dialog over the banks of the year file; nothing when it
+    // was closed with CANCEL.
+    virtual std::optional<TransferAnswer> pickTransfer() = 0;
     // The row-operations popup opened on grid row `row`.
     virtual RowOperationChoice pickRowOperation(int row) = 0;
     // The move dialog: the target line number counted from 1, or 0 when it

@@ -8,6 +8,7 @@
 #include "data/schema_names.h"
 #include "editing/line_access.h"
 #include "register/plan_index.h"
+#include "register/receivable_items.h"
 
 namespace tallix {
 
@@ -59,7 +60,7 @@ void incomeLookup(Session& session, int row, int column, const std::string& name
 
 void receivableLookup(Session& session, int row, int column, const std::string& name) {
     pugi::xml_node customer = requireOne(session.data.node(), paths::kReceivable, name);
-    pugi::xml_node templ = requireOne(session.data.node(), paths::kRevenue);
+    requireOne(session.data.node(), paths::kRevenue);  // before anything is written
     const FieldColumns& f = session.view.fields;
     LineWriter line(session, row);
     line.set(column, schema::kExpense, name);
@@ -69,9 +70,9 @@ void receivableLookup(Session& session, int row, int column, const std::string& 
     line.set(f.institution, schema::kInstitution, childText(customer, 1));
     line.set(f.account, schema::kAccount, childText(customer, 2));
 
-    pugi::xml_node month = monthEntry(customer, schema::kCustomerMonths, session.month);
-    pugi::xml_node item = month.append_copy(templ);
-    setChildText(item, 0, line.number());
+    // Picked again, the line keeps its one item, now the new customer's.
+    pugi::xml_node item =
+        settleReceivableItem(session.data.node(), customer, session.month, line.number());
     setChildText(item, schema::kEntryAmount, line.field(schema::kDebit));
     session.saveData();
 }

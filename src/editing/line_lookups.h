@@ -24,8 +24,9 @@ void expenseLookup(Session& session, int row, int column, const std::string& exp
 void incomeLookup(Session& session, int row, int column, const std::string& source);
 
 // The chosen customer: its name, the category "Receivables", its number,
-// institution and account; the customer's month gains an item (a copy of the
-// receivable template) carrying the line's number and amount.
+// institution and account. The line's one item in the customer's month (a
+// copy of the receivable template, or the item the line had under the
+// customer picked before) carries the line's number and amount.
 void receivableLookup(Session& session, int row, int column, const std::string& customer);
 
 }  // namespace tallix

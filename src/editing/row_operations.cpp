@@ -125,10 +125,16 @@ bool moveLine(Session& session, int row, LineChoices& choices) {
     }
     pugi::xml_node source = lines[static_cast<size_t>(row)];
     pugi::xml_node destination = lines[static_cast<size_t>(target - 1)];
-    if (isReceivableLine(source))
-        if (pugi::xml_node item =
-                receivableItem(data, source, session.month, std::to_string(row + 1)))
-            setChildText(item, 0, std::to_string(target));
+    // The items the two lines have before the move: a customer's item goes
+    // where the customer's name goes.
+    const std::string targetNumber = std::to_string(target);
+    pugi::xml_node sourceItem =
+        isReceivableLine(source)
+            ? receivableItem(data, source, session.month, attributeText("line", source))
+            : pugi::xml_node();
+    pugi::xml_node targetItem = isReceivableLine(destination)
+                                    ? receivableItem(data, destination, session.month, targetNumber)
+                                    : pugi::xml_node();
 
     const size_t last = schema::kTypeOfEntry;
     bool moved = false;
@@ -139,6 +145,16 @@ bool moveLine(Session& session, int row, LineChoices& choices) {
         setChildText(destination, i, childText(source, i));
         setChildText(source, i, i == last ? "debit" : "");
         moved = true;
+    }
+    // The expense moves first: once anything moved, the target's own
+    // customer was overwritten (with a Yes) and the source's customer now
+    // stands on the target line. A move stopped at its first question
+    // leaves both items where they were.
+    if (moved) {
+        if (targetItem)
+            targetItem.parent().remove_child(targetItem);
+        if (sourceItem)
+            setChildText(sourceItem, 0, targetNumber);
     }
     // What moved stays moved, even after a No, and the file holds it.
     session.saveData();

@@ -2,7 +2,9 @@
 
 #include "app/session.h"
 #include "data/schema_names.h"
+#include "editing/cell_commit.h"
 #include "editing/line_access.h"
+#include "editing/typed_amount.h"
 
 namespace tallix {
 
@@ -12,8 +14,12 @@ std::vector<InstitutionChoice> transferBanks(pugi::xml_node data) {
     return banks;
 }
 
-void applyTransfer(Session& session, int row, int column, const std::string& name,
+bool applyTransfer(Session& session, int row, int column, const std::string& name,
                    const TransferAnswer& transfer) {
+    const std::optional<std::string> amount =
+        acceptTypedAmount(session.prompter(), normaliseBlanks(transfer.amount));
+    if (!amount)
+        return false;
     const FieldColumns& f = session.view.fields;
     LineWriter line(session, row);
     line.set(column, schema::kExpense, name);
@@ -21,8 +27,9 @@ void applyTransfer(Session& session, int row, int column, const std::string& nam
     line.set(f.account, schema::kAccount, transfer.fromAccount);
     line.set(f.info, schema::kInfo, transfer.toInstitution);
     line.set(f.accumulate, schema::kAccumulate, transfer.toAccount);
-    line.set(f.amount, schema::kDebit, transfer.amount);
+    line.set(f.amount, schema::kDebit, *amount);
     session.saveData();
+    return true;
 }
 
 }  // namespace tallix

@@ -14,6 +14,7 @@
 #include "register/institutions.h"
 #include "register/month_lines.h"
 #include "register/plan_index.h"
+#include "register/receivable_items.h"
 
 namespace tallix {
 namespace {
@@ -131,8 +132,10 @@ class BalanceEngine {
         }
         if (expense == "Income" || type == "deposit" || type == "receivable") {
             const std::optional<bool> transferEntry = incomeOrDeposit(n, expense);
-            if (!transferEntry)
+            if (!transferEntry) {
+                carryRowUnchanged(n);
                 return;
+            }
             if (isBlankCell(cell(n, f_.amount)))
                 working_ = 0;
             finishLine(n, *transferEntry ? "transfer" : type);
@@ -144,11 +147,13 @@ class BalanceEngine {
         if (!isBlankCell(expense)) {
             if (!plan_.category(cell(n, f_.category))) {
                 message(kCategoryNotFound + std::to_string(n + 1) + kCategoryNotFoundEnd);
+                carryRowUnchanged(n);
                 return;
             }
             planned = plan_.expense(expense);
             if (!planned) {
                 message(kExpenseNotFound + std::to_string(n + 1) + kExpenseNotFoundEnd);
+                carryRowUnchanged(n);
                 return;
             }
             if (expense == "Resturants" && !isBlankCell(cell(n, f_.info)))
@@ -223,23 +228,16 @@ class BalanceEngine {
     }
 
     // The customer's item of this month for register line `lineNumber` gets
-    // the amount; a line without an item gets one, copied from the template.
+    // the amount; a line without an item gets one, and an item another
+    // customer held for the line comes over (the line names this customer
+    // now).
     void recordReceivable(pugi::xml_node customer, int lineNumber, const std::string& amount) {
-        pugi::xml_node monthNode = monthEntry(customer, kCustomerMonths, month_);
         const std::string number = std::to_string(lineNumber);
-        for (pugi::xml_node item : elementChildren(monthNode)) {
-            if (childText(item, 0) == number) {
-                write(childAt(item, 1), amount);
-                return;
-            }
-        }
-        pugi::xml_node templ = selectOne(data_, paths::kRevenue);
-        if (!templ)
-            throw std::runtime_error("the year file has no receivable item template");
-        pugi::xml_node item = monthNode.append_copy(templ);
-        setChildText(item, 0, number);
-        setChildText(item, 1, amount);
-        changed_ = true;
+        const std::vector<pugi::xml_node> before = itemsNamingLine(data_, month_, number);
+        pugi::xml_node item = settleReceivableItem(data_, customer, month_, number);
+        if (before.size() != 1 || before.front() != item)
+            changed_ = true;
+        write(childAt(item, 1), amount);
     }
 
     // Every balance cell of the row, outstanding ones included, carries the

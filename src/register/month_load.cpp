@@ -1,5 +1,7 @@
 #include "register/month_load.h"
 
+#include <algorithm>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -87,6 +89,42 @@ std::string amountFor(const std::string& entryAmount, const std::string& repeati
     return entryAmount.empty() || entryAmount == "0" ? repeating : entryAmount;
 }
 
+// The month's lines by expense and category. A plan entry with a line of
+// its own in the month is never posted again, whatever its status was set
+// back to (a typed "notpaid", Make), so no bill is paid twice. A posted check
+// whose number is not the entry's is a check written for an earlier bill
+// that the bank paid this month: it does not stand for this month's entry.
+class MonthLines {
+  public:
+    explicit MonthLines(pugi::xml_node month) {
+        for (pugi::xml_node line : elementChildren(month))
+            lines_.emplace(
+                key(childText(line, schema::kExpense), childText(line, schema::kCategoty)),
+                Line{childText(line, schema::kTypeOfEntry), childText(line, schema::kCheck)});
+    }
+    bool holdEntry(const std::string& name, const std::string& category,
+                   const std::string& entryCheck) const {
+        auto [first, last] = lines_.equal_range(key(name, category));
+        return std::any_of(first, last, [&](const auto& found) {
+            const Line& line = found.second;
+            return line.type != "posted check" || line.check.empty() || line.check == entryCheck;
+        });
+    }
+    void add(const std::string& name, const std::string& category) {
+        lines_.emplace(key(name, category), Line{});
+    }
+
+  private:
+    struct Line {
+        std::string type;
+        std::string check;
+    };
+    static std::string key(const std::string& name, const std::string& category) {
+        return name + '\n' + category;
+    }
+    std::multimap<std::string, Line> lines_;
+};
+
 }  // namespace
 
 int postDueEntries(Session& session) {
@@ -96,9 +134,15 @@ int postDueEntries(Session& session) {
     if (!monthNode)
         return 0;
     int posted = 0;
-    auto post = [&](pugi::xml_node entry, size_t statusChild, const DueDate& due, Posting p) {
+    MonthLines lines(monthNode);
+    // `check` is the entry's check number (income entries have none).
+    auto post = [&](pugi::xml_node entry, size_t statusChild, const std::string& check,
+                    const DueDate& due, Posting p) {
+        if (lines.holdEntry(p.name, p.category, check))
+            return;
         p.day = std::to_string(due.day);
         insertLine(monthNode, p);
+        lines.add(p.name, p.category);
         setChildText(entry, statusChild, "posted");
         ++posted;
     };
@@ -115,7 +159,7 @@ int postDueEntries(Session& session) {
         // Only an "auto" entry is cleared at once; "Auto-Bank" and recurring
         // ones wait for the bank as "processing".
         const bool automatic = kind != "recurring";
-        post(entry, schema::kEntryStatus, *due,
+        post(entry, schema::kEntryStatus, childText(entry, schema::kEntryCheck), *due,
              {"", attributeText("id", expense),
               amountFor(childText(entry, schema::kEntryAmount), childText(expense, 6)),
               childText(expense, 0), childText(expense, 4), childText(expense, 2), "recurring",
@@ -129,9 +173,12 @@ int postDueEntries(Session& session) {
         std::optional<DueDate> due = parseDate(childText(entry, 2));
         if (childText(entry, 3) != "notpaid" || !due || !onOrBefore(*due, session.today))
             continue;
-        post(entry, 3, *due,
-             {"", attributeText("id", source), amountFor(childText(entry, 1), childText(source, 5)),
-              "Income", childText(source, 0), childText(source, 1), "", "deposit", "processing"});
+        // The month entry's amount is the month's running total of the
+        // source (the balance engine adds every deposit into it), so the
+        // line carries the source's planned repeating amount.
+        post(entry, 3, "", *due,
+             {"", attributeText("id", source), childText(source, 5), "Income", childText(source, 0),
+              childText(source, 1), "", "deposit", "processing"});
     }
     if (posted > 0)
         renumberLines(data, monthNode, month);

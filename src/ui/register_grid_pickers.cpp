@@ -64,9 +64,10 @@ class DialogPickers : public GridPickers {
         return dialog.selectedCustomer();
     }
 
-    TransferAnswer pickTransfer() override {
+    std::optional<TransferAnswer> pickTransfer() override {
         CtransferDlg dialog(transferBanks(session_.data.node()), parent_);
-        dialog.exec();
+        if (dialog.exec() != QDialog::Accepted)
+            return std::nullopt;
         return dialog.answer();
     }
 

@@ -64,7 +64,7 @@ TEST_F(RegisterCommands, ShowPrintsTheTitlesAndEveryRowAndSavesTheFile) {
               "Amex\tInfo\tAccumulate\tTypeofentry");
     EXPECT_EQ(lines[1],
               " \tTue\t31\t1\tGroceries\t25.00\t \tLiving\tposted\tCorner Market\tcreditcards\t"
-              "Visa\t \t-100.-30\t-100.-30\t \t100.30\t25.00\t \t \taccumulate\tcredit card");
+              "Visa\t \t237.60\t543.20\t \t5070.30\t145.50\t95.55\t \taccumulate\tcredit card");
     EXPECT_EQ(lines[19], " \t \t \t \t \t \t \t \t \t \t \t \t \t0\t0\t \t0\t \t \t \t \t ");
     EXPECT_EQ(err,
               "Institution not found on line 5\n"
@@ -73,7 +73,7 @@ TEST_F(RegisterCommands, ShowPrintsTheTitlesAndEveryRowAndSavesTheFile) {
               "Name of expense on line 4 not found \n"
               "category for expense on line 3 not found...skipping\n"
               "The RMD incomePension is not found\n");
-    EXPECT_EQ(savedClosing("Harbor Bank", 1, 4), "-100.-30");
+    EXPECT_EQ(savedClosing("Harbor Bank", 1, 4), "237.60");
 }
 
 TEST_F(RegisterCommands, ShowReportsAnEmptyMonthAndAFailure) {
@@ -94,9 +94,9 @@ TEST_F(RegisterCommands, ShowReportsAnEmptyMonthAndAFailure) {
 TEST_F(RegisterCommands, UpdateAllCarriesEveryMonthAndSavesTheFile) {
     ASSERT_EQ(run("update-all FILE --today 2026-03-15"), 0) << err;
     EXPECT_EQ(out, "");
-    EXPECT_EQ(savedClosing("Harbor Bank", 1, 4), "-100.-30");  // March's closing
-    // April starts from -100 (the text "-100.-30") and pays 10 + 5 + 40 + 1.
-    EXPECT_EQ(savedClosing("Harbor Bank", 1, 5), "-156.00");
+    EXPECT_EQ(savedClosing("Harbor Bank", 1, 4), "237.60");  // March's closing
+    // April starts from 237.60 and pays 10 + 5 + 40 + 1.
+    EXPECT_EQ(savedClosing("Harbor Bank", 1, 5), "181.60");
     EXPECT_EQ(savedClosing("Harbor Bank", 1, 6), "0");  // May has no lines
     EXPECT_NE(err.find("You tying to load the month of December which has no entries and its "
                        "not the current calendar month\n"),

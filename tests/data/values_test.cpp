@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cmath>
 #include <cstdlib>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -11,32 +13,56 @@
 namespace tallix {
 namespace {
 
-TEST(AmountToText, KeepsTheProgramsOwnFormat) {
+// Exact to the cent: what is written reads back as the same amount.
+TEST(AmountToText, WritesWholeCentsInPlainDecimalForm) {
     const std::pair<double, const char*> cases[] = {{0, "0.00"},
                                                     {0.5, "0.50"},
                                                     {7, "7.00"},
                                                     {12.05, "12.05"},
-                                                    {5.999, "5.100"},
-                                                    {3.999, "3.100"},
-                                                    {-3.05, "-3.-5"},
-                                                    {-0.5, "0.-50"},
-                                                    {-12.5, "-12.-50"},
+                                                    {5.999, "6.00"},
+                                                    {3.999, "4.00"},
+                                                    {-3.05, "-3.05"},
+                                                    {-0.5, "-0.50"},
+                                                    {-12.5, "-12.50"},
                                                     {0.1 + 0.2, "0.30"},
-                                                    {1234567.89, "1234567.89"}};
-    for (const auto& [amount, text] : cases)
+                                                    {4.35 - 0.35, "4.00"},
+                                                    {12.34 + 0.04 + 0.62, "13.00"},
+                                                    {2.675, "2.68"},
+                                                    {-2.675, "-2.68"},
+                                                    {0.005, "0.01"},
+                                                    {-0.004, "0.00"},
+                                                    {99.995, "100.00"},
+                                                    {1234567.89, "1234567.89"},
+                                                    {-16777217.01, "-16777217.01"}};
+    for (const auto& [amount, text] : cases) {
         EXPECT_EQ(amountToText(amount), text) << amount;
+        EXPECT_EQ(amountToText(textToAmount(text)), text) << text;
+    }
+    EXPECT_THROW(amountToText(std::nan("")), std::out_of_range);
 }
 
-TEST(TextToAmount, ReadsTheLeadingNumberOrFails) {
-    const std::pair<const char*, double> cases[] = {
-        {"12.50abc", 12.5}, {"  \t12.5", 12.5}, {"-3.05", -3.05}, {"+7", 7},
-        {".5", 0.5},        {"1e3", 1000},      {"1,5", 1},       {"1234567.89", 1234567.89}};
+TEST(TextToAmount, ReadsTheLeadingNumberAndTheOldNegativeFormsOrFails) {
+    const std::pair<const char*, double> cases[] = {{"12.50abc", 12.5},
+                                                    {"  \t12.5", 12.5},
+                                                    {"-3.05", -3.05},
+                                                    {"+7", 7},
+                                                    {".5", 0.5},
+                                                    {"1e3", 1000},
+                                                    {"1,5", 1},
+                                                    {"1234567.89", 1234567.89},
+                                                    // Forms older files hold for negative amounts.
+                                                    {"-3.-5", -3.05},
+                                                    {"0.-50", -0.5},
+                                                    {"-2.-30", -2.3},
+                                                    {"-100.-30", -100.3},
+                                                    {"-3.-100", -4},
+                                                    {"-2.-3x", -2}};
     for (const auto& [text, amount] : cases)
         EXPECT_DOUBLE_EQ(textToAmount(text), amount) << text;
     // Cents survive the trip through the file above 100,000.
     EXPECT_EQ(amountToText(textToAmount("16777217.01")), "16777217.01");
 
-    for (const char* text : {"", "abc", "   ", "-", ".", "+-1", "$12"}) {
+    for (const char* text : {"", "abc", "   ", "-", ".", "+-1", "$12", "nan", "-NaN"}) {
         try {
             textToAmount(text);
             ADD_FAILURE() << "no error for '" << text << "'";
@@ -44,7 +70,7 @@ TEST(TextToAmount, ReadsTheLeadingNumberOrFails) {
             EXPECT_STREQ(e.what(), "invalid stof argument") << text;
         }
     }
-    for (const char* text : {"1e40", "-1e40", "1e400", "1e-50"}) {
+    for (const char* text : {"1e40", "-1e40", "1e400", "1e-50", "inf", "-Infinity"}) {
         try {
             textToAmount(text);
             ADD_FAILURE() << "no error for '" << text << "'";
@@ -52,6 +78,21 @@ TEST(TextToAmount, ReadsTheLeadingNumberOrFails) {
             EXPECT_STREQ(e.what(), "stof argument out of range") << text;
         }
     }
+}
+
+TEST(TypedAmount, TheWholeTextMustBeOneAmount) {
+    const std::pair<const char*, const char*> taken[] = {
+        {"12", "12.00"},         {"12.5", "12.5"},
+        {"12.", "12.00"},        {".5", "0.5"},
+        {"+7", "7.00"},          {" -45.10 ", "-45.10"},
+        {"1,234.56", "1234.56"}, {"-$45.10", "-45.10"},
+        {"$-45.10", "-45.10"},   {"$1,234,567", "1234567.00"},
+        {"12.345", "12.35"},     {"-0.999", "-1.00"}};
+    for (const auto& [typed, stored] : taken)
+        EXPECT_EQ(typedAmountText(typed), std::optional<std::string>(stored)) << typed;
+    for (const char* typed : {"", "abc", "12abc", "1.2.3", "1,5", "12,34.00", ",123", "1,2345", "$",
+                              "-", "+-5", "1e3", "nan", "inf", "12 34", "$$5", "12345678901234"})
+        EXPECT_EQ(typedAmountText(typed), std::nullopt) << typed;
 }
 
 // A process locale with a decimal comma, as a German desktop session sets it;
@@ -78,7 +119,8 @@ TEST(Amounts, IgnoreACommaDecimalLocale) {
         EXPECT_DOUBLE_EQ(textToAmount("12.50"), 12.5);
         EXPECT_DOUBLE_EQ(textToAmount(" 1234567.89"), 1234567.89);
         EXPECT_EQ(amountToText(0.1), "0.10");
-        EXPECT_EQ(amountToText(-3.05), "-3.-5");
+        EXPECT_EQ(amountToText(-3.05), "-3.05");
+        EXPECT_EQ(typedAmountText("1,234.56"), std::optional<std::string>("1234.56"));
     }
     std::setlocale(LC_ALL, "C");
     ::unsetenv("LOCPATH");

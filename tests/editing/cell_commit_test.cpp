@@ -59,12 +59,9 @@ class CellCommitTest : public ::testing::Test {
     Session session{env, prompter};
 };
 
-TEST(CellText, BlanksAreNormalisedAndWholeAmountsGetCents) {
+TEST(CellText, BlanksAreNormalised) {
     EXPECT_EQ(normaliseBlanks("  two   words "), "two words");
     EXPECT_EQ(normaliseBlanks("   "), "");
-    EXPECT_EQ(withCents("12"), "12.00");
-    EXPECT_EQ(withCents("12.5"), "12.5");
-    EXPECT_EQ(withCents(""), "");
 }
 
 TEST_F(CellCommitTest, ADescriptionIsStoredNormalisedAndOfferedForTheList) {
@@ -119,15 +116,22 @@ TEST_F(CellCommitTest, AReceivableAmountChangesThatLinesCustomerItemOfThisMonthO
     EXPECT_EQ(savedField(7, schema::kDebit), "650.00");
 }
 
-TEST_F(CellCommitTest, AnAmountThatIsNotANumberIsRefusedAndNothingIsWritten) {
+TEST_F(CellCommitTest, AnAmountIsTakenOnlyWhenTheWholeTextIsOneAmount) {
+    EXPECT_TRUE(HideEditor(session, row(1), f().amount, "$1,234.56"));
+    EXPECT_EQ(savedField(1, schema::kDebit), "1234.56");
+    EXPECT_EQ(session.view.table.cell(row(1), f().amount), "1234.56");
+
     std::string before = readFile(file());
-    for (const char* bad : {"abc", "1e40"}) {
+    for (const char* bad : {"abc", "12abc", "1.2.3", "1e40"}) {
         prompter.shown.clear();
         EXPECT_FALSE(HideEditor(session, row(1), f().amount, bad));
-        EXPECT_EQ(prompter.shown, (std::vector<std::string>{"runtime error in HideEditor() "}));
+        EXPECT_EQ(prompter.shown,
+                  (std::vector<std::string>{"\"" + std::string(bad) +
+                                            "\" is not an amount. Type a number "
+                                            "such as 1234.56, -45.10 or $1,234.56."}));
         EXPECT_EQ(readFile(file()), before);
+        EXPECT_EQ(session.view.table.cell(row(1), f().amount), "1234.56");
     }
-    EXPECT_FALSE(Document::load(file()).loadFailed());
 }
 
 TEST_F(CellCommitTest, ACheckNumberOnAnUnplannedLineMatchesTheMonthsCheque) {

@@ -86,7 +86,8 @@ TEST_F(ExpenseCellTest, APickerClosedWithoutAPickChangesNothing) {
 
 TEST_F(ExpenseCellTest, ATransferEntryTakesTheMoneyFromTheFromAccountToTheToAccount) {
     choices.expensePicks = {{"Credit Union Move", ""}};
-    choices.transfers = {{"Credit Union", "Share Draft", "First National", "Savings", "100.00"}};
+    choices.transfers = {
+        TransferAnswer{"Credit Union", "Share Draft", "First National", "Savings", "100.00"}};
     click(kSocialSecurityRow);
     EXPECT_EQ(choices.opened, (std::vector<std::string>{"expense 4", "transfer"}));
     EXPECT_EQ(saved(kSocialSecurityRow, schema::kExpense), "Credit Union Move");
@@ -107,17 +108,22 @@ TEST_F(ExpenseCellTest, ATransferEntryTakesTheMoneyFromTheFromAccountToTheToAcco
     EXPECT_TRUE(year.prompter.shown.empty());
 }
 
-TEST_F(ExpenseCellTest, ACancelledTransferStillWritesItsEmptyTexts) {
-    choices.expensePicks = {{"Savings Transfer", ""}};
-    choices.transfers = {{}};
+// CANCEL, or an amount that is not one amount, leaves the line as it was.
+TEST_F(ExpenseCellTest, ACancelledOrRefusedTransferChangesNothing) {
+    const std::string before = test::readFile(year.path);
+    const std::string expense = year.cell(kPayRow, f().expense);
+    choices.expensePicks = {{"Savings Transfer", ""}, {"Savings Transfer", ""}};
+    choices.transfers = {std::nullopt, TransferAnswer{"First National", "Checking",
+                                                      "First National", "Savings", "1.2.3"}};
     click(kPayRow);
-    EXPECT_EQ(saved(kPayRow, schema::kExpense), "Savings Transfer");
-    for (size_t child : {schema::kInstitution, schema::kAccount, schema::kInfo, schema::kAccumulate,
-                         schema::kDebit})
-        EXPECT_EQ(saved(kPayRow, child), "") << child;
-    // A line without an institution moves no money.
-    for (int column = kFnRegister; column < f().info; ++column)
-        EXPECT_EQ(year.cell(kPayRow, column), year.cell(kPayRow + 1, column)) << column;
+    click(kPayRow);
+    EXPECT_EQ(choices.opened,
+              (std::vector<std::string>{"expense 4", "transfer", "expense 4", "transfer"}));
+    EXPECT_EQ(test::readFile(year.path), before);
+    EXPECT_EQ(year.cell(kPayRow, f().expense), expense);
+    EXPECT_EQ(year.prompter.shown,
+              (std::vector<std::string>{"\"1.2.3\" is not an amount. Type a number such as "
+                                        "1234.56, -45.10 or $1,234.56."}));
 }
 
 }  // namespace

@@ -78,20 +78,34 @@ TEST_F(LineLookupsTest, AnIncomeSourceMakesTheLineIncome) {
     EXPECT_EQ(year.cell(0, f().amount), "3150.00");
 }
 
-TEST_F(LineLookupsTest, ACustomerGainsAnItemForTheLine) {
+// A line has one item, under the customer it names: picked again, its item
+// goes over to the new customer.
+TEST_F(LineLookupsTest, ACustomerPickGivesTheLineOneItemUnderThatCustomer) {
     const std::string amount = year.cell(0, f().amount);
+    auto items = [&](const char* customer) {
+        Document d = Document::load(year.path);
+        pugi::xml_node c = selectOne(d.node(), paths::kReceivable, customer);
+        std::vector<std::string> out;
+        for (pugi::xml_node item : elementChildren(monthEntry(c, schema::kCustomerMonths, 3)))
+            out.push_back(childText(item, 0) + " " + childText(item, schema::kEntryAmount) + " " +
+                          item.name());
+        return out;
+    };
     receivableLookup(year.session(), 0, f().expense, "Riverside Garden Club");
     EXPECT_EQ(saved(1, schema::kCategoty), "Receivables");
     EXPECT_EQ(saved(1, schema::kInfo), "1002");
     EXPECT_EQ(saved(1, schema::kAccount), "Share Draft");
-    Document d = Document::load(year.path);
-    pugi::xml_node club = selectOne(d.node(), paths::kReceivable, "Riverside Garden Club");
-    std::vector<pugi::xml_node> items =
-        elementChildren(monthEntry(club, schema::kCustomerMonths, 3));
-    ASSERT_FALSE(items.empty());
-    EXPECT_EQ(childText(items.back(), 0), "1");
-    EXPECT_EQ(childText(items.back(), schema::kEntryAmount), amount);
-    EXPECT_STREQ(items.back().name(), "revenue");
+    const std::vector<std::string> club = items("Riverside Garden Club");
+    ASSERT_EQ(club.size(), 2u);
+    EXPECT_EQ(club.back(), "1 " + amount + " revenue");
+
+    receivableLookup(year.session(), 0, f().expense, "Riverside Garden Club");
+    EXPECT_EQ(items("Riverside Garden Club"), club);
+    receivableLookup(year.session(), 0, f().expense, "Maple Street Bakery");
+    EXPECT_EQ(items("Riverside Garden Club"), std::vector<std::string>{club.front()});
+    const std::vector<std::string> maple = items("Maple Street Bakery");
+    ASSERT_EQ(maple.size(), 3u);
+    EXPECT_EQ(maple.back(), club.back());
 }
 
 }  // namespace

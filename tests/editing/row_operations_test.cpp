@@ -5,6 +5,7 @@
 
 #include "data/schema_names.h"
 #include "editing/add_item.h"
+#include "editing/line_lookups.h"
 #include "editing/row_operations.h"
 #include "register/plan_index.h"
 #include "register/year_file.h"
@@ -223,11 +224,50 @@ TEST_F(RowOperationsTest, MoveAsksForEachFilledFieldAndANoStopsWhereItIs) {
     EXPECT_EQ(from[schema::kTypeOfEntry], "deposit");
 }
 
-TEST_F(RowOperationsTest, AMoveOfAReceivableLineTakesItsItemToTheTarget) {
-    rightClick(0, {"insert", "debit"});  // Maple's 600.00 is now line 8
+// A customer's item goes where the customer's name goes: a move stopped at
+// its first question leaves it; a move onto another customer's line takes it
+// there, and the overwritten customer's item goes.
+TEST_F(RowOperationsTest, AMovedReceivableLineKeepsOneItemPerLine) {
+    year.prompter.answers = {Answer::No};
+    choices.moveTargets = {15};
+    rightClick(6, {"move", ""});  // Maple's line 7 onto Riverside's line 15
+    Saved s = saved();
+    EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"20", "7"}));
+    EXPECT_EQ(s.items("Riverside Garden Club"), (std::vector<std::string>{"15"}));
+
+    year.prompter.answers = std::deque<Answer>(11, Answer::Yes);
+    choices.moveTargets = {15};
+    rightClick(6, {"move", ""});
+    s = saved();
+    EXPECT_EQ(s.fields(15)[schema::kExpense], "Maple Street Bakery");
+    EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"20", "15"}));
+    EXPECT_TRUE(s.items("Riverside Garden Club").empty());
+
+    rightClick(0, {"insert", "debit"});  // Maple's lines are now 21 and 16
     choices.moveTargets = {1};
-    rightClick(7, {"move", ""});
+    rightClick(15, {"move", ""});
     EXPECT_EQ(saved().items("Maple Street Bakery"), (std::vector<std::string>{"21", "1"}));
+}
+
+// Make puts a check's bill back to "notpaid"; a bill that still has a line of
+// its own in the month is not posted a second time.
+TEST_F(RowOperationsTest, MakeOnACheckOfABillThatHasItsLinePostsNoSecondLine) {
+    // Water's March bill is check 2046 on line 3; line 22 is February's
+    // check, which the bank paid in March.
+    auto waterLines = [&] {
+        int count = 0;
+        for (pugi::xml_node line : saved().lines)
+            count += childText(line, schema::kExpense) == "Water";
+        return count;
+    };
+    rightClick(0, {"insert", "check"});
+    expenseLookup(session(), 0, f().expense, "Water", "Housing");
+    ASSERT_EQ(waterLines(), 3);
+    rightClick(0, {"make", "check"});
+    EXPECT_EQ(childText(year.planMonth(paths::kExpense, "Water", 7, 3), schema::kEntryStatus),
+              "notpaid");
+    EXPECT_EQ(waterLines(), 2);
+    EXPECT_EQ(saved().numbers(), oneTo(25));
 }
 
 TEST_F(RowOperationsTest, ACancelledOrImpossibleMoveChangesNothing) {

@@ -102,21 +102,28 @@ const Variation kVariations[] = {
          EXPECT_EQ(childText(childAt(march, 0), 1), "150.00");
          EXPECT_EQ(y.cell(10, col::kCkRegister), "409.90");
      }},
-    {"AnUnknownCustomerIsSkipped",
+    // A line the engine cannot book changes no balance: the rows above it and
+    // the month's closing are what the other lines make them.
+    {"AnUnknownCustomerChangesNoBalance",
      [](YearFile& y) { setChildText(marchLine(y, 11), 1, "Pine Deli"); },
      [](YearFile& y) {
          EXPECT_TRUE(wasShown(y, "deposit name not found on line11 ...skipping"));
          for (int c = col::kCkRegister; c <= col::kAmex; ++c)
-             EXPECT_EQ(y.cell(10, c), " ") << c;
-         EXPECT_EQ(y.cell(9, col::kCkRegister), "-72.00");  // computed from the blank row
+             EXPECT_EQ(y.cell(10, c), y.cell(11, c)) << c;
+         EXPECT_EQ(y.cell(9, col::kCkRegister), "187.90");  // 259.90 - 72.00
+         EXPECT_EQ(elementChildCount(childAt(
+                       childAt(requireOne(y.data(), paths::kReceivable, "Oak Cafe"), 4), 2)),
+                   1u);
      }},
-    {"ABlankFirstRowClosesWithBogusBankClosings",
+    {"AnUnknownCategoryOnTheFirstLineClosesWithTheRowBelow",
      [](YearFile& y) { setChildText(marchLine(y, 1), 4, "Hobbies"); },
      [](YearFile& y) {
-         EXPECT_EQ(std::count(y.prompter.shown.begin(), y.prompter.shown.end(),
-                              std::string("bogus bank closing")),
-                   2);
-         EXPECT_EQ(childText(bankGroup(y, "Summit Savings", 2), 4), "");
+         EXPECT_TRUE(wasShown(y, "category for expense on line 1 not found...skipping"));
+         EXPECT_FALSE(wasShown(y, "bogus bank closing"));
+         for (int c = col::kCkRegister; c <= col::kAmex; ++c)
+             EXPECT_EQ(y.cell(0, c), y.cell(1, c)) << c;
+         EXPECT_EQ(childText(bankGroup(y, "Summit Savings", 2), 4), y.cell(1, col::kSvBank));
+         EXPECT_EQ(childText(card(y, "Visa"), 8), y.cell(1, col::kVisa));
      }},
     {"ALineWithoutAnInstitutionChangesNothingAndShowsNothing",
      [](YearFile& y) {

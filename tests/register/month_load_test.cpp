@@ -1,6 +1,7 @@
 // Posting the plan's due entries into the displayed month.
 #include <gtest/gtest.h>
 
+#include "data/schema_names.h"
 #include "register/month_load.h"
 #include "register/year_file.h"
 
@@ -70,9 +71,10 @@ TEST(MonthLoad, PostsEachDueEntryOnItsDayAndMarksItPosted) {
 // follow their lines.
 TEST(MonthLoad, CustomersItemsFollowTheirRenumberedLines) {
     YearFile year({2026, 11, 21}, test::sourceDir() / "examples" / "tallix2026.xml");
-    pugi::xml_node water = year.planMonth(paths::kExpense, "Water", 7, 3);
-    setChildText(water, 3, "3/27/2026");
-    setChildText(water, 4, "notpaid");
+    pugi::xml_node doctor = year.planMonth(paths::kExpense, "Doctor", 7, 3);
+    setChildText(doctor, 1, "60.00");
+    setChildText(doctor, 3, "3/27/2026");
+    setChildText(doctor, 4, "notpaid");
     year.session().month = 3;
     ASSERT_EQ(postDueEntries(year.session()), 1);
 
@@ -84,7 +86,38 @@ TEST(MonthLoad, CustomersItemsFollowTheirRenumberedLines) {
     EXPECT_EQ(items, (std::vector<std::string>{"21", "8"}));
     std::vector<pugi::xml_node> march = elementChildren(year.month("March"));
     EXPECT_EQ(childText(march[7], 1), "Maple Street Bakery");
-    EXPECT_EQ(childText(march[1], 1), "Water");
+    EXPECT_EQ(childText(march[1], 1), "Doctor");
+}
+
+// A plan entry is posted at most once into a month: an entry whose expense
+// already has a line of its category there is not posted again, whatever its
+// status was set back to (by a typed "notpaid" or by Make).
+TEST(MonthLoad, AnEntryWithALineInTheMonthIsNeverPostedAgain) {
+    YearFile year({2026, 4, 15});
+    year.session().month = 4;
+    ASSERT_EQ(postDueEntries(year.session()), 5);
+    for (const char* id : {"Rent", "Mortgage", "Internet"})
+        setChildText(year.planMonth(paths::kExpense, id, 7, 4), 4, "notpaid");
+    setChildText(year.planMonth(paths::kIncome, "Side Gig", 6, 4), 3, "notpaid");
+    EXPECT_EQ(postDueEntries(year.session()), 0);
+    EXPECT_EQ(elementChildCount(year.month("April")), 9u);
+    // A line of the expense under another category is another bill.
+    setChildText(childAt(year.month("April"), 3), schema::kCategoty, "Living");
+    EXPECT_EQ(postDueEntries(year.session()), 1);
+}
+
+// A month entry's amount is the month's running total of the source (every
+// deposit of the month is added into it), so a posted income line carries
+// the source's planned amount, not what other deposits already added.
+TEST(MonthLoad, APostedIncomeLineCarriesThePlannedAmount) {
+    YearFile year({2026, 4, 15});
+    setChildText(requireOne(year.data(), paths::kIncome, "Side Gig"), 5, "3150.00");
+    setChildText(year.planMonth(paths::kIncome, "Side Gig", 6, 4), 1, "100.00");
+    year.session().month = 4;
+    ASSERT_EQ(postDueEntries(year.session()), 5);
+    pugi::xml_node sideGig = childAt(year.month("April"), 5);
+    ASSERT_EQ(childText(sideGig, schema::kExpense), "Side Gig");
+    EXPECT_EQ(childText(sideGig, schema::kDebit), "3150.00");
 }
 
 }  // namespace

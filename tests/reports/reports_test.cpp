@@ -168,5 +168,27 @@ TEST_F(ReportsTest, ReceivablesAddUpEachCustomersItemsPerMonthAndForTheYear) {
               "CUSTOMER,AMOUNT\nMaple Bakery,450.50\n\"Oak, Lane & Co\",75.25\n");
 }
 
+// 12.34 + 0.04 + 0.62 adds up to just under 13 in binary: the totals print
+// the cents exactly.
+TEST_F(ReportsTest, YearTotalsAreExactToTheCent) {
+    const char* amounts[] = {"12.34", "0.04", "0.62"};
+    pugi::xml_node groceries = requireOne(plan.node(), paths::kExpense, "Groceries");
+    pugi::xml_node maple = requireOne(plan.node(), paths::kReceivable, "Maple Bakery");
+    for (int m = 0; m < 12; ++m) {
+        setChildText(childAt(childAt(groceries, 7), static_cast<size_t>(m)), 1,
+                     m < 3 ? amounts[m] : "0");
+        for (pugi::xml_node item :
+             elementChildren(childAt(childAt(maple, 4), static_cast<size_t>(m))))
+            setChildText(item, 1, "0");
+    }
+    for (int m = 0; m < 3; ++m)
+        setChildText(childAt(childAt(childAt(maple, 4), static_cast<size_t>(m)), 0), 1, amounts[m]);
+
+    const std::vector<Row> rows = yearEndReport(plan.node()).rows;
+    EXPECT_EQ(rows[4], (Row{"Living", "Groceries", "13.00", ""}));
+    EXPECT_EQ(rows[5], (Row{"Living", "Totals", "", "13.00"}));
+    EXPECT_EQ(receivableYearReport(plan.node()).rows[0], (Row{"Maple Bakery", "13.00"}));
+}
+
 }  // namespace
 }  // namespace tallix

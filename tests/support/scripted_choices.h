@@ -2,6 +2,7 @@
 // Answers for the register's pickers and popups, from queues, recording what
 // was asked. `Base` is the core's LineChoices or an interface built on it.
 #include <deque>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -15,7 +16,7 @@ class ScriptedLineChoices : public Base {
   public:
     std::deque<ExpensePick> expensePicks;
     std::deque<std::string> customers;
-    std::deque<TransferAnswer> transfers;
+    std::deque<std::optional<TransferAnswer>> transfers;  // nullopt: CANCEL
     std::deque<RowOperationChoice> rowOperations;
     std::deque<int> moveTargets;
     std::deque<std::string> descriptionAnswers;
@@ -33,7 +34,7 @@ class ScriptedLineChoices : public Base {
         opened.push_back("customer");
         return next(customers);
     }
-    TransferAnswer pickTransfer() override {
+    std::optional<TransferAnswer> pickTransfer() override {
         opened.push_back("transfer");
         return next(transfers);
     }

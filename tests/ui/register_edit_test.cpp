@@ -16,6 +16,7 @@
 #include "data/schema_names.h"
 #include "data/values.h"
 #include "editing/check_lookup.h"
+#include "editing/typed_amount.h"
 #include "reference/descriptions.h"
 #include "register/month_display.h"
 #include "register/month_lines.h"
@@ -368,7 +369,8 @@ TEST_F(RegisterEditTest, AnAmountThatIsNotANumberChangesNothing) {
     for (const char* bad : {"abc", "1e40"}) {
         prompter.shown.clear();
         type(kWaterRow, kAmount, bad);
-        EXPECT_EQ(prompter.shown, (std::vector<std::string>{"runtime error in HideEditor() "}))
+        EXPECT_EQ(prompter.shown,
+                  (std::vector<std::string>{"\"" + std::string(bad) + kNotAnAmountEnd}))
             << bad;
         EXPECT_EQ(readFile(yearFile()), before) << bad;
         EXPECT_EQ(cell(kWaterRow, kAmount), "48.60") << bad;

@@ -112,7 +112,8 @@ TEST_F(RegisterRowsTest, ASittingOfRowChangesLeavesBalancesAndFileAsWorkedOut) {
     //    at the top.
     rightClick(0, {"insert", "deposit"});
     pickers->expensePicks = {{"Savings Transfer", ""}};
-    pickers->transfers = {{"First National", "Checking", "First National", "Savings", "200.00"}};
+    pickers->transfers = {
+        TransferAnswer{"First National", "Checking", "First National", "Savings", "200.00"}};
     click(0, f().expense);
 
     // 3. The Water check (48.60, now line 3) deleted.

@@ -1,5 +1,7 @@
 #include "register/month_display.h"
 
+#include <stdexcept>
+
 #include "app/guard.h"
 #include "app/session.h"
 #include "data/values.h"
@@ -14,7 +16,9 @@ namespace {
 // the data document changed: the caller saves it.
 bool recompute(Session& session, bool postDue) {
     bool changed = postDue && postDueEntries(session) > 0;
-    FilltallixListBox(session);
+    // A column definition that cannot be read is reported by the column step
+    // itself; the month is still shown, with the columns that could be read.
+    guarded(session.prompter(), "FilltallixListBox", [&] { FilltallixListBox(session); });
     readLinesIntoTable(session.data.node(), monthName(session.month), session.month, session.year,
                        static_cast<int>(session.view.grid.columns.size()), session.view.fields,
                        session.view.table);
@@ -44,12 +48,16 @@ bool showMonthUnsaved(Session& session, const std::string& monthText, bool& chan
     if (currentMonth || monthText == "13")
         session.view.rememberedRow = -1;
     const std::string name = monthName(session.month);
-    session.view.lineCount = static_cast<int>(monthLines(session.data.node(), name).size());
-    if (session.view.lineCount == 0) {
+    if (monthLines(session.data.node(), name).empty()) {
         session.prompter().notify(kEmptyMonthStart + name + kEmptyMonthEnd);
+        // The grid keeps the month it showed, and so does everything that
+        // acts on the grid's lines (a right click, a commit).
+        if (session.view.shownMonth != 0)
+            session.month = session.view.shownMonth;
         return false;
     }
     changed |= recompute(session, true);
+    session.view.shownMonth = session.month;
     return true;
 }
 
@@ -66,7 +74,10 @@ bool loadColumns(Session& session) {
 void FilltallixListBox(Session& session) {
     session.view.lineCount =
         static_cast<int>(monthLines(session.data.node(), monthName(session.month)).size());
-    session.view.grid = AddtallixColumns(session.data.node());
+    ColumnProblems problems;
+    session.view.grid = AddtallixColumns(session.data.node(), &problems);
+    if (!problems.empty())
+        throw std::invalid_argument(problems.front());
 }
 
 bool showMonth(Session& session, const std::string& monthText) {
@@ -88,6 +99,7 @@ bool Refresh(Session& session) {
         prepareColumns(session);
         session.view.table.clear();
         savingChanges(session, [&](bool& changed) { changed = recompute(session, false); });
+        session.view.shownMonth = session.month;
     });
 }
 

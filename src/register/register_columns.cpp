@@ -1,6 +1,7 @@
 #include "register/register_columns.h"
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 
 #include "data/node_text.h"
@@ -12,6 +13,7 @@ namespace {
 
 constexpr int kCharacterWidth = 6;  // pixels per character of a column width
 constexpr int kItemColumnWidth = 50;
+constexpr int kDefaultWidth = 10;  // characters
 
 int wholeNumber(const std::string& text, std::string_view what) {
     double value = textToAmount(text);
@@ -30,14 +32,31 @@ int columnPosition(pugi::xml_node data, std::string_view title) {
     return wholeNumber(childText(column, 3), "a column position");
 }
 
-GridColumns AddtallixColumns(pugi::xml_node data) {
+GridColumns AddtallixColumns(pugi::xml_node data, ColumnProblems* problems) {
+    auto number = [&](pugi::xml_node definition, size_t child,
+                      std::string_view what) -> std::optional<int> {
+        try {
+            return wholeNumber(childText(definition, child), what);
+        } catch (const std::exception& e) {
+            if (!problems)
+                throw;
+            problems->push_back("register column '" + attributeText("column", definition) +
+                                "': " + e.what());
+            return std::nullopt;
+        }
+    };
     GridColumns grid;
     grid.columns.push_back({"", 1});
     std::vector<pugi::xml_node> definitions = selectAll(data, paths::kAllRegisterColumns);
     for (size_t i = 0; i < definitions.size(); ++i) {
         pugi::xml_node definition = definitions[i];
-        int position = wholeNumber(childText(definition, 3), "a column position");
-        int width = wholeNumber(childText(definition, 1), "a column width") * kCharacterWidth;
+        // A column without a usable position has no place in the grid; one
+        // without a usable width gets the usual one.
+        std::optional<int> position = number(definition, 3, "a column position");
+        if (!position)
+            continue;
+        const int width =
+            number(definition, 1, "a column width").value_or(kDefaultWidth) * kCharacterWidth;
         if (i == 0) {
             grid.columns.push_back({"DAY", width});
         } else if (i == 1) {
@@ -46,10 +65,10 @@ GridColumns AddtallixColumns(pugi::xml_node data) {
             grid.columns.push_back({"ITEM", kItemColumnWidth});
         } else {
             if (childText(definition, 2) == "outstanding check")
-                grid.outstandingCheckColumn = position;
+                grid.outstandingCheckColumn = *position;
             // Inserted where the definition says, as the list control did; a
             // position past the end appends.
-            size_t at = std::clamp<size_t>(static_cast<size_t>(std::max(position, 0)), 0,
+            size_t at = std::clamp<size_t>(static_cast<size_t>(std::max(*position, 0)), 0,
                                            grid.columns.size());
             grid.columns.insert(grid.columns.begin() + static_cast<std::ptrdiff_t>(at),
                                 {childText(definition, 0), width});

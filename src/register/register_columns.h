@@ -41,8 +41,14 @@ struct FieldColumns {
 // year file defines no such column or its position is not a number.
 int columnPosition(pugi::xml_node data, std::string_view title);
 
-// Rebuilds the grid's columns from the definitions.
-GridColumns AddtallixColumns(pugi::xml_node data);
+// What could not be read from the column definitions, one text each.
+using ColumnProblems = std::vector<std::string>;
+
+// Rebuilds the grid's columns from the definitions. A definition whose
+// position or width is not a whole number throws, unless `problems` is given:
+// then it is noted there, and the column is left out (no position) or gets
+// the usual width (no width).
+GridColumns AddtallixColumns(pugi::xml_node data, ColumnProblems* problems = nullptr);
 
 // Resolves the twelve field columns; throws naming a missing title.
 FieldColumns initcolumns(pugi::xml_node data);

@@ -16,6 +16,8 @@ struct RegisterView {
     FieldColumns fields;
     GridTable table;
 
+    // The month (1-12) whose lines the table holds, 0 before any is shown.
+    int shownMonth = 0;
     // The number of lines of the displayed month (the starting row's index).
     int lineCount = 0;
     // The row the grid keeps in view: 31 after a month button, -1 for the

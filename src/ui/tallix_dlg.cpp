@@ -73,16 +73,13 @@ void CTallixDlg::keyPressEvent(QKeyEvent* event) {
 
 void CTallixDlg::OnMonthButton(int month) {
     guarded(session_.prompter(), "OnMonthButton", [&] {
-        monthButtons_->press(month);
         session_.month = month;
         session_.view.rememberedRow = 31;
-        const int shownLines = session_.view.lineCount;
+        // Refused (a month without lines), the grid and the session keep the
+        // month they showed, and so does the green button.
         if (displayMonth(session_, std::to_string(month)))
             showDisplayedMonth();
-        else
-            // Refused (a month without lines): the grid keeps the month it
-            // showed, starting row included.
-            session_.view.lineCount = shownLines;
+        monthButtons_->press(session_.month);
     });
 }
 
@@ -93,6 +90,7 @@ void CTallixDlg::OnYearsMenu(const QString& year) {
     // turns out to have no lines.
     session_.view.table.clear();
     session_.view.lineCount = 0;
+    session_.view.shownMonth = 0;
     setWindowTitle(QString::fromStdString(session_.title()));
     loadColumns(session_);
     displayMonth(session_, std::to_string(session_.month));

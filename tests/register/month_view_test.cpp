@@ -2,6 +2,7 @@
 // refusing and refreshing a month.
 #include <gtest/gtest.h>
 
+#include "editing/row_operations.h"
 #include "register/month_lines.h"
 #include "register/register_columns.h"
 #include "register/year_file.h"
@@ -119,6 +120,26 @@ TEST(MonthDisplay, AnEmptyMonthIsRefusedAndChangesNothing) {
     EXPECT_EQ(year.cell(0, col::kCkRegister), april);
     EXPECT_EQ(year.session().data.serialize(), before);
     EXPECT_EQ(test::readFile(year.path), bytes);
+
+    // What acts on the grid's lines next still acts on March.
+    EXPECT_EQ(year.session().month, 3);
+    EXPECT_EQ(year.session().view.lineCount, 18);
+    InsertRow(year.session(), 0, "check");
+    EXPECT_EQ(elementChildCount(year.month("March")), 19u);
+    EXPECT_EQ(elementChildCount(year.month("January")), 0u);
+}
+
+// A column definition that cannot be read is reported by the column step, and
+// the month is shown with the columns that could be read.
+TEST(MonthDisplay, ABadColumnDefinitionIsReportedAndTheMonthStillShows) {
+    YearFile year({2026, 3, 15});
+    setChildText(requireOne(year.data(), paths::kColumn, "Amex"), 1, "wide");
+    ASSERT_TRUE(year.show(3));
+    EXPECT_EQ(year.prompter.shown.front(), "runtime error in FilltallixListBox() ");
+    EXPECT_EQ(year.table().rowCount(), 19);
+    EXPECT_EQ(year.cell(0, col::kVisa), "145.50");
+    EXPECT_EQ(year.session().view.grid.columns.size(), 22u);
+    EXPECT_EQ(year.session().view.grid.columns[col::kAmex].width, 60);
 }
 
 TEST(MonthDisplay, RefreshShowsTheFileAsItIsOnDiskAndPostsNothing) {

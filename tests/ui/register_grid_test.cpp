@@ -168,7 +168,10 @@ TEST_F(RegisterGridTest, AMonthWithoutLinesIsRefusedAndTheGridKeepsItsMonth) {
     // The starting row is still the last row.
     EXPECT_EQ(colour(background(window, rows - 1, 4)), QColor(253, 233, 217));
     EXPECT_NE(colour(background(window, 0, 4)), QColor(253, 233, 217));
-    EXPECT_EQ(face(window.monthButtons()->button(12)), ui::MonthButtons::kPressedFace);
+    // The green button and the month that commands act on stay November.
+    EXPECT_EQ(face(window.monthButtons()->button(11)), ui::MonthButtons::kPressedFace);
+    EXPECT_NE(face(window.monthButtons()->button(12)), ui::MonthButtons::kPressedFace);
+    EXPECT_EQ(session.month, 11);
 }
 
 TEST_F(RegisterGridTest, UpdateAllMonthsLeavesDecemberDisplayed) {

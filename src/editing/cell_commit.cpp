@@ -47,7 +47,8 @@ class Commit {
     Commit(Session& session, int row, int column)
         : s_(session), f_(session.view.fields), row_(row), column_(column) {}
 
-    // False when the text was refused and nothing was written.
+    // False when nothing reached the file: the text was refused, or the row
+    // has no line.
     bool run(std::string text) {
         GridTable& t = s_.view.table;
         if (column_ == f_.amount) {
@@ -61,9 +62,11 @@ class Commit {
         const std::string category = t.cell(row_, f_.category);
         const std::string type = t.cell(row_, f_.typeofentry);
 
+        // A row without a line ends the commit with the typed text in the
+        // grid only: nothing is saved and no update follows.
         line_ = get_lines(s_, row_);
         if (!line_)
-            return true;
+            return false;
         child_ = lineChildOfColumn(f_, column_);
         planned_ = get_expense(s_, row_);
 

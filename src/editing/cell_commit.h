@@ -15,7 +15,8 @@ std::string normaliseBlanks(const std::string& text);
 // The commit itself; throws on failure. An amount is stored as
 // typedAmountText gives it (12 -> 12.00, 12.5 stays, $1,234.56 -> 1234.56);
 // text that is not one amount is refused with a message before anything is
-// written, and the commit returns false.
+// written. Returns false when nothing reached the file (a refused amount, a
+// row without a line).
 bool commitCell(Session& session, int row, int column, const std::string& typed);
 
 // The guarded command: failures show "runtime error in HideEditor() ". A

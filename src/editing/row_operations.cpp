@@ -30,14 +30,15 @@ std::optional<int> dayOfCell(const GridTable& table, int row) {
     }
 }
 
-// Cells' own colours follow their lines when rows come and go.
-void shiftCellOverrides(RegisterView& view, int fromRow, int delta) {
+// Cells' own colours follow their lines when a row is inserted at `at`
+// (delta 1) or removed from it (delta -1); a removed row's colours go.
+void shiftCellOverrides(RegisterView& view, int at, int delta) {
     std::map<std::pair<int, int>, CellColours> shifted;
     for (const auto& [cell, colours] : view.cellOverrides) {
         auto [row, column] = cell;
-        if (row < fromRow)
+        if (row < at)
             shifted[cell] = colours;
-        else if (row + delta >= fromRow)
+        else if (delta > 0 || row > at)
             shifted[{row + delta, column}] = colours;
     }
     view.cellOverrides = std::move(shifted);
@@ -108,20 +109,20 @@ void deleteLine(Session& session, int row) {
     month.remove_child(line);
     renumberLines(data, month, session.month);
     session.saveData();
-    shiftCellOverrides(session.view, row + 1, -1);
+    shiftCellOverrides(session.view, row, -1);
     session.view.markedRow = session.view.markedColumn = -1;
 }
 
-bool moveLine(Session& session, int row, LineChoices& choices) {
+void moveLine(Session& session, int row, LineChoices& choices) {
     const int target = choices.pickMoveTarget();
     if (target == 0 || target == row + 1)
-        return false;
+        return;
     pugi::xml_node data = session.data.node();
     std::vector<pugi::xml_node> lines = monthLines(data, monthName(session.month));
     if (target < 1 || target > static_cast<int>(lines.size()) || row < 0 ||
         row >= static_cast<int>(lines.size())) {
         session.prompter().notify(kNoSuchLineStart + std::to_string(target) + kNoSuchLineEnd);
-        return false;
+        return;
     }
     pugi::xml_node source = lines[static_cast<size_t>(row)];
     pugi::xml_node destination = lines[static_cast<size_t>(target - 1)];
@@ -159,7 +160,6 @@ bool moveLine(Session& session, int row, LineChoices& choices) {
     // What moved stays moved, even after a No, and the file holds it.
     session.saveData();
     session.view.markedRow = session.view.markedColumn = -1;
-    return moved;
 }
 
 }  // namespace tallix

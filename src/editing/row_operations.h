@@ -41,8 +41,8 @@ void deleteLine(Session& session, int row);
 
 // Asks for a target line and moves the row's fields (all but the day) there,
 // leaving an empty blank line behind. Each filled field of the target is
-// overwritten only after a Yes; a No stops the move where it is. Returns true
-// when anything moved.
-bool moveLine(Session& session, int row, LineChoices& choices);
+// overwritten only after a Yes; a No stops the move where it is. A customer's
+// item goes where the customer's name goes.
+void moveLine(Session& session, int row, LineChoices& choices);
 
 }  // namespace tallix

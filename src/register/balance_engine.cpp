@@ -136,8 +136,6 @@ class BalanceEngine {
                 carryRowUnchanged(n);
                 return;
             }
-            if (isBlankCell(cell(n, f_.amount)))
-                working_ = 0;
             finishLine(n, *transferEntry ? "transfer" : type);
             return;
         }

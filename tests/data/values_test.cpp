@@ -56,7 +56,8 @@ TEST(TextToAmount, ReadsTheLeadingNumberAndTheOldNegativeFormsOrFails) {
                                                     {"-2.-30", -2.3},
                                                     {"-100.-30", -100.3},
                                                     {"-3.-100", -4},
-                                                    {"-2.-3x", -2}};
+                                                    {"-2.-3x", -2},
+                                                    {"5-30", 5}};
     for (const auto& [text, amount] : cases)
         EXPECT_DOUBLE_EQ(textToAmount(text), amount) << text;
     // Cents survive the trip through the file above 100,000.

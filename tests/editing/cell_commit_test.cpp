@@ -102,7 +102,8 @@ TEST_F(CellCommitTest, AReceivableAmountChangesThatLinesCustomerItemOfThisMonthO
     pugi::xml_node bakery = selectOne(before.node(), paths::kReceivable, "Maple Street Bakery");
     std::string april = nodeText(monthEntry(bakery, 4, 4));
 
-    EXPECT_TRUE(HideEditor(session, row(7), f().amount, "650"));
+    // The commit alone, without the update that follows it, writes the item.
+    EXPECT_TRUE(commitCell(session, row(7), f().amount, "650"));
     Document saved = Document::load(file());
     pugi::xml_node customer = selectOne(saved.node(), paths::kReceivable, "Maple Street Bakery");
     bool found = false;
@@ -120,6 +121,10 @@ TEST_F(CellCommitTest, AnAmountIsTakenOnlyWhenTheWholeTextIsOneAmount) {
     EXPECT_TRUE(HideEditor(session, row(1), f().amount, "$1,234.56"));
     EXPECT_EQ(savedField(1, schema::kDebit), "1234.56");
     EXPECT_EQ(session.view.table.cell(row(1), f().amount), "1234.56");
+    // On a line outside the plan too, and it is no check number.
+    EXPECT_TRUE(HideEditor(session, row(25), f().amount, "-$45.10"));
+    EXPECT_EQ(savedField(25, schema::kDebit), "45.10");  // a payment is made positive
+    EXPECT_TRUE(prompter.shown.empty());
 
     std::string before = readFile(file());
     for (const char* bad : {"abc", "12abc", "1.2.3", "1e40"}) {
@@ -156,14 +161,24 @@ TEST_F(CellCommitTest, AStatusReachesTheLineAndThePlan) {
               "pending");
 }
 
+// A click that arrives while a commit waits for an answer is dropped.
 TEST_F(CellCommitTest, ACommitDuringAnotherIsDropped) {
-    std::string before = readFile(file());
-    session.view.committing = true;
-    EXPECT_FALSE(HideEditor(session, row(1), f().amount, "5"));
-    EXPECT_EQ(readFile(file()), before);
-    session.view.committing = false;
-    EXPECT_TRUE(HideEditor(session, row(1), f().amount, "5"));
+    bool nested = true;
+    prompter.answers = {Answer::No};
+    prompter.onQuestion = [&] { nested = HideEditor(session, row(1), f().amount, "5"); };
+    EXPECT_TRUE(HideEditor(session, row(2), f().description, "A new one"));
+    EXPECT_FALSE(nested);
+    EXPECT_NE(savedField(1, schema::kDebit), "5.00");
     EXPECT_FALSE(session.view.committing);
+    EXPECT_TRUE(HideEditor(session, row(1), f().amount, "5"));
+    EXPECT_EQ(savedField(1, schema::kDebit), "5.00");
+
+    // A row whose line is gone ends the commit: nothing is saved or updated.
+    const std::string before = readFile(file());
+    session.view.table.set(row(1), 3, "99");
+    EXPECT_FALSE(HideEditor(session, row(1), f().amount, "6"));
+    EXPECT_EQ(readFile(file()), before);
+    EXPECT_EQ(session.view.table.cell(row(1), 3), "99");  // no update redrew the row
 }
 
 }  // namespace

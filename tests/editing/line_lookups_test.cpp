@@ -82,6 +82,13 @@ TEST_F(LineLookupsTest, AnIncomeSourceMakesTheLineIncome) {
 // goes over to the new customer.
 TEST_F(LineLookupsTest, ACustomerPickGivesTheLineOneItemUnderThatCustomer) {
     const std::string amount = year.cell(0, f().amount);
+    // Two items left over from earlier picks name line 1 too.
+    pugi::xml_node templ = requireOne(year.data(), paths::kRevenue);
+    for (const char* customer : {"Riverside Garden Club", "Maple Street Bakery"})
+        setChildText(monthEntry(requireOne(year.data(), paths::kReceivable, customer),
+                                schema::kCustomerMonths, 3)
+                         .append_copy(templ),
+                     0, "1");
     auto items = [&](const char* customer) {
         Document d = Document::load(year.path);
         pugi::xml_node c = selectOne(d.node(), paths::kReceivable, customer);
@@ -98,6 +105,7 @@ TEST_F(LineLookupsTest, ACustomerPickGivesTheLineOneItemUnderThatCustomer) {
     const std::vector<std::string> club = items("Riverside Garden Club");
     ASSERT_EQ(club.size(), 2u);
     EXPECT_EQ(club.back(), "1 " + amount + " revenue");
+    EXPECT_EQ(items("Maple Street Bakery").size(), 2u);  // lines 20 and 7
 
     receivableLookup(year.session(), 0, f().expense, "Riverside Garden Club");
     EXPECT_EQ(items("Riverside Garden Club"), club);

@@ -3,6 +3,8 @@
 // lines are 7 and 20 (Maple Street Bakery) and 15 (Riverside Garden Club).
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "data/schema_names.h"
 #include "editing/add_item.h"
 #include "editing/line_lookups.h"
@@ -107,6 +109,16 @@ TEST_F(RowOperationsTest, AnInsertedLinesDateAndItemCellsShowTheParityOfItsDay) 
     EXPECT_EQ(background(18, 2), cell_colour::kInsertedOddDay);
     EXPECT_EQ(background(18, 3), cell_colour::kInsertedOddDay);
     EXPECT_EQ(saved().fields(19)[schema::kDay], "7");
+
+    // Rows above come and go: the colours stay with their lines, and a
+    // deleted line's colours go with it.
+    rightClick(0, {"insert", "debit"});  // on the 28th
+    EXPECT_EQ(background(0, 3), cell_colour::kInsertedEvenDay);
+    EXPECT_EQ(background(19, 3), cell_colour::kInsertedOddDay);
+    EXPECT_NE(background(18, 3), cell_colour::kInsertedOddDay);
+    rightClick(0, {"delete", ""});
+    EXPECT_NE(background(0, 3), cell_colour::kInsertedEvenDay);
+    EXPECT_EQ(background(18, 3), cell_colour::kInsertedOddDay);
 
     // Line 21 moved to the 8th; the odd-day colours stay with row 18.
     setChildText(childAt(year.month("March"), 20), schema::kDay, "8");
@@ -228,25 +240,33 @@ TEST_F(RowOperationsTest, MoveAsksForEachFilledFieldAndANoStopsWhereItIs) {
 // its first question leaves it; a move onto another customer's line takes it
 // there, and the overwritten customer's item goes.
 TEST_F(RowOperationsTest, AMovedReceivableLineKeepsOneItemPerLine) {
+    auto receivables = [&] {
+        std::ostringstream xml;
+        requireOne(saved().doc.node(), paths::kReceivable, "Maple Street Bakery")
+            .parent()
+            .print(xml);
+        return xml.str();
+    };
+    const std::string before = receivables();
     year.prompter.answers = {Answer::No};
     choices.moveTargets = {15};
     rightClick(6, {"move", ""});  // Maple's line 7 onto Riverside's line 15
-    Saved s = saved();
-    EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"20", "7"}));
-    EXPECT_EQ(s.items("Riverside Garden Club"), (std::vector<std::string>{"15"}));
+    EXPECT_EQ(receivables(), before);
 
     year.prompter.answers = std::deque<Answer>(11, Answer::Yes);
     choices.moveTargets = {15};
     rightClick(6, {"move", ""});
-    s = saved();
+    Saved s = saved();
     EXPECT_EQ(s.fields(15)[schema::kExpense], "Maple Street Bakery");
     EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"20", "15"}));
     EXPECT_TRUE(s.items("Riverside Garden Club").empty());
 
     rightClick(0, {"insert", "debit"});  // Maple's lines are now 21 and 16
-    choices.moveTargets = {1};
+    choices.moveTargets = {1, 16};
     rightClick(15, {"move", ""});
     EXPECT_EQ(saved().items("Maple Street Bakery"), (std::vector<std::string>{"21", "1"}));
+    rightClick(0, {"move", ""});  // and back from the first line
+    EXPECT_EQ(saved().items("Maple Street Bakery"), (std::vector<std::string>{"21", "16"}));
 }
 
 // Make puts a check's bill back to "notpaid"; a bill that still has a line of

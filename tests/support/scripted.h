@@ -4,6 +4,7 @@
 // date in temporary folders.
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -20,6 +21,9 @@ class ScriptedPrompter : public Prompter {
     std::vector<std::string> shown;
     std::deque<Answer> answers;
     std::deque<std::optional<std::filesystem::path>> files;
+    // Runs when a question is asked, before it is answered (a click that
+    // arrives while a message box is open).
+    std::function<void()> onQuestion;
 
     void notify(const std::string& text) override { shown.push_back(text); }
     Answer askYesNo(const std::string& text) override { return next(text); }
@@ -34,6 +38,8 @@ class ScriptedPrompter : public Prompter {
   private:
     Answer next(const std::string& text) {
         shown.push_back(text);
+        if (onQuestion)
+            onQuestion();
         if (answers.empty())
             throw std::logic_error("unexpected question: " + text);
         Answer a = answers.front();

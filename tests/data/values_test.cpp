@@ -57,7 +57,8 @@ TEST(TextToAmount, ReadsTheLeadingNumberAndTheOldNegativeFormsOrFails) {
                                                     {"-100.-30", -100.3},
                                                     {"-3.-100", -4},
                                                     {"-2.-3x", -2},
-                                                    {"5-30", 5}};
+                                                    {"5-30", 5},
+                                                    {"-3.-1000", -3}};
     for (const auto& [text, amount] : cases)
         EXPECT_DOUBLE_EQ(textToAmount(text), amount) << text;
     // Cents survive the trip through the file above 100,000.
@@ -82,13 +83,19 @@ TEST(TextToAmount, ReadsTheLeadingNumberAndTheOldNegativeFormsOrFails) {
 }
 
 TEST(TypedAmount, TheWholeTextMustBeOneAmount) {
-    const std::pair<const char*, const char*> taken[] = {
-        {"12", "12.00"},         {"12.5", "12.5"},
-        {"12.", "12.00"},        {".5", "0.5"},
-        {"+7", "7.00"},          {" -45.10 ", "-45.10"},
-        {"1,234.56", "1234.56"}, {"-$45.10", "-45.10"},
-        {"$-45.10", "-45.10"},   {"$1,234,567", "1234567.00"},
-        {"12.345", "12.35"},     {"-0.999", "-1.00"}};
+    const std::pair<const char*, const char*> taken[] = {{"12", "12.00"},
+                                                         {"12.5", "12.5"},
+                                                         {"12.", "12.00"},
+                                                         {".5", "0.5"},
+                                                         {"+7", "7.00"},
+                                                         {" -45.10 ", "-45.10"},
+                                                         {"1,234.56", "1234.56"},
+                                                         {"-$45.10", "-45.10"},
+                                                         {"$-45.10", "-45.10"},
+                                                         {"$1,234,567", "1234567.00"},
+                                                         {"12.345", "12.35"},
+                                                         {"-0.999", "-1.00"},
+                                                         {"1234567890123", "1234567890123.00"}};
     for (const auto& [typed, stored] : taken)
         EXPECT_EQ(typedAmountText(typed), std::optional<std::string>(stored)) << typed;
     for (const char* typed : {"", "abc", "12abc", "1.2.3", "1,5", "12,34.00", ",123", "1,2345", "$",

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "data/schema_names.h"
+#include "data/values.h"
 #include "register/month_load.h"
 #include "register/year_file.h"
 
@@ -104,6 +105,22 @@ TEST(MonthLoad, AnEntryWithALineInTheMonthIsNeverPostedAgain) {
     // A line of the expense under another category is another bill.
     setChildText(childAt(year.month("April"), 3), schema::kCategoty, "Living");
     EXPECT_EQ(postDueEntries(year.session()), 1);
+}
+
+// The first and the last month post like any other.
+TEST(MonthLoad, JanuaryAndDecemberEntriesArePostedToo) {
+    YearFile year({2026, 12, 31});
+    for (int m : {1, 12}) {
+        pugi::xml_node rent = year.planMonth(paths::kExpense, "Rent", 7, m);
+        setChildText(rent, 3, std::to_string(m) + "/14/2026");
+        setChildText(rent, 4, "notpaid");
+        year.session().month = m;
+        postDueEntries(year.session());
+        int rentLines = 0;
+        for (pugi::xml_node line : elementChildren(year.month(monthName(m))))
+            rentLines += childText(line, schema::kExpense) == "Rent";
+        EXPECT_EQ(rentLines, 1) << m;
+    }
 }
 
 // A month entry's amount is the month's running total of the source (every

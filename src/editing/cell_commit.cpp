@@ -8,7 +8,6 @@
 #include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"
-#include "data/values.h"
 #include "editing/check_lookup.h"
 #include "editing/line_access.h"
 #include "editing/typed_amount.h"
@@ -71,11 +70,11 @@ class Commit {
         planned_ = get_expense(s_, row_);
 
         if (category == "Receivables" && column_ == f_.amount) {
-            amount(text);
+            writeLine(text);
             mirrorIntoCustomer(s_, expense, row_, text);
         } else if (category == "Income") {
             if (column_ == f_.amount) {
-                amount(text);
+                writeLine(text);
             } else {
                 writeLine(text);
                 if (column_ == f_.description)
@@ -90,7 +89,7 @@ class Commit {
                 markCheckCells();
             }
         } else if (column_ == f_.amount) {
-            amount(text);
+            writeLine(text);
             if (planned_)
                 writePlan(kEntryAmount, text);
         } else {
@@ -121,7 +120,6 @@ class Commit {
     void writePlan(size_t entryChild, const std::string& text) {
         setChildText(monthEntry(planned_, kExpenseMonths, s_.month), entryChild, text);
     }
-    void amount(const std::string& text) { writeLine(text); }
 
     Session& s_;
     const FieldColumns& f_;

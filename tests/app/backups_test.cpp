@@ -18,7 +18,7 @@ namespace {
 using test::readFile;
 
 class BackupsTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         env.root = tmp / "root";
         env.documents = tmp / "docs";
@@ -58,23 +58,19 @@ TEST_F(BackupsTest, StartupCreatesTheCloudFolderOrSaysThereIsNoCloudDrive) {
     EXPECT_EQ(prompter.shown[0], "no directory was created on google drive");
 }
 
-TEST_F(BackupsTest, ExitWritesTheLocalAndTheCloudCopy) {
-    env.cloud = tmp / "gdrive";
-    std::filesystem::create_directories(tmp / "gdrive" / "My Drive" / "tallix" / "backup");
-    writeExitBackups(session);
-    EXPECT_TRUE(prompter.shown.empty());
-    EXPECT_EQ(readFile(localBackup()), readFile(session.filePath));
-    EXPECT_EQ(readFile(tmp / "gdrive" / "My Drive" / "tallix" / "backup" / "tallix2026.xml"),
-              readFile(session.filePath));
-}
-
-TEST_F(BackupsTest, ExitWithoutTheCloudFolderWarnsOnceAndWritesTheLocalCopy) {
+TEST_F(BackupsTest, ExitWritesTheLocalCopyAndTheCloudCopyOnceItsFolderExists) {
     env.cloud = tmp / "gdrive";  // a drive, but without the backup folder
     writeExitBackups(session);
-    ASSERT_EQ(prompter.shown.size(), 1u);
-    EXPECT_EQ(prompter.shown[0], backup_texts::kNoCloudFolderOnExit);
+    EXPECT_EQ(prompter.shown, std::vector<std::string>{backup_texts::kNoCloudFolderOnExit});
     EXPECT_EQ(readFile(localBackup()), readFile(session.filePath));
     EXPECT_FALSE(std::filesystem::exists(tmp / "gdrive" / "My Drive"));
+
+    prompter.shown.clear();
+    const auto cloudFolder = tmp / "gdrive" / "My Drive" / "tallix" / "backup";
+    std::filesystem::create_directories(cloudFolder);
+    writeExitBackups(session);
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_EQ(readFile(cloudFolder / "tallix2026.xml"), readFile(session.filePath));
 }
 
 TEST_F(BackupsTest, AMissingLocalBackupFolderFailsTheExit) {

@@ -153,5 +153,20 @@ TEST(InstanceLock, ASecondProgramIsRefusedUntilTheFirstEnds) {
     close(ready[1]);
 }
 
+TEST(InstanceLock, AMovedLockReleasesTheOneItReplaces) {
+    test::TempDir first, second;
+    auto held = InstanceLock::acquire(first.path());
+    auto other = InstanceLock::acquire(second.path());
+    ASSERT_TRUE(held && other);
+    // Within one program a second lock on the same folder is refused too.
+    EXPECT_FALSE(InstanceLock::acquire(first.path()).has_value());
+    *held = std::move(*other);
+    EXPECT_TRUE(InstanceLock::acquire(first.path()).has_value());
+    other.reset();
+    EXPECT_FALSE(InstanceLock::acquire(second.path()).has_value());
+    held.reset();
+    EXPECT_TRUE(InstanceLock::acquire(second.path()).has_value());
+}
+
 }  // namespace
 }  // namespace tallix

@@ -14,6 +14,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
+#include "reference/plan_year.h"
 #include "ui/bank_select.h"
 #include "ui/description_dlg.h"
 #include "ui/expense_dlg.h"
@@ -26,41 +27,9 @@
 namespace tallix {
 namespace {
 
-constexpr const char* kYear = R"(<tallix><financial-institutions>
-  <financial-institution id="banks"><names><name id="First National">
-    <bankaccount><account>Checking</account></bankaccount>
-    <bankaccount><account>Savings</account></bankaccount></name>
-    <name id="Credit Union"><bankaccount><account>Share Draft</account></bankaccount></name>
-  </names></financial-institution>
-  <financial-institution id="creditcards"><names><name id="Visa"/></names></financial-institution>
-</financial-institutions><catagories>
-  <category id="Food"><type>category</type><numberItems>2</numberItems><names>
-    <name id="Trader Joe's"><category>Food</category><type>recurring</type>
-      <account>Savings</account><closingday>15</closingday><institution>First National</institution>
-      <reset/><amount>120.00</amount><months>
-      <month><name>January</name><amount>100.00</amount><datepaid>1/3</datepaid>
-        <duedate>1/5</duedate><status>paid</status><type>auto</type><check>1042</check></month>
-      <month><name>February</name><amount>90.00</amount></month></months></name>
-    <name id="Bakery"><category>Food</category><type>accumulate</type></name></names></category>
-  <category id="Gifts"><type>category</type><numberItems>0</numberItems><names/></category>
-</catagories><income>
-  <name id="Salary"><institution>Credit Union</institution><account>Share Draft</account>
-    <type>auto day</type><dayordate/><daynumber/><amount>2500.00</amount><months/></name>
-  <name id="Pat's pension"><institution>First National</institution><account>Checking</account>
-    <type>posted</type><dayordate/><daynumber/><amount>800.00</amount><months/></name>
-</income><receivables>
-  <revenue><line/><amount/><datepaid/><duedate/><status/><type/><check/></revenue>
-  <name id="O'Neil"><number>C-7</number><institution>Credit Union</institution>
-    <account>Share Draft</account><amount>45.00</amount><months>
-    <month><item><line>4</line><amount>45.00</amount><datepaid>1/9</datepaid><duedate>1/10</duedate>
-      <status>paid</status><type>receivable</type><check>88</check></item></month>
-    <month/><month><item><line>2</line><amount>10.00</amount></item></month></months></name>
-  <name id="Acme"><number>C-9</number><institution/><account/><amount/><months/></name>
-</receivables></tallix>)";
-
 class PickerDialogsTest : public ::testing::Test {
   protected:
-    void SetUp() override { ASSERT_TRUE(doc.load_string(kYear)); }
+    void SetUp() override { ASSERT_TRUE(doc.load_string(test::kPlanYear)); }
     pugi::xml_node data() const { return doc; }
     pugi::xml_document doc;
 };
@@ -94,7 +63,7 @@ TEST_F(PickerDialogsTest, ExpensePickerShowsTheSelectedExpenseAndAnswersItWithIt
     ui::CExpenseDlg dialog(data(), kPickExpenseMode);
     EXPECT_EQ(dialog.windowTitle(), "SELECT AN EXPENSE");
     QTreeWidget* tree = dialog.tree();
-    ASSERT_EQ(tree->topLevelItemCount(), 2);
+    ASSERT_EQ(tree->topLevelItemCount(), 3);
     EXPECT_EQ(tree->topLevelItem(0)->childCount(), 2);
     EXPECT_EQ(tree->topLevelItem(1)->text(0), "Gifts");
     EXPECT_EQ(tree->topLevelItem(1)->childCount(), 0);
@@ -104,14 +73,13 @@ TEST_F(PickerDialogsTest, ExpensePickerShowsTheSelectedExpenseAndAnswersItWithIt
     EXPECT_EQ(cell(months, 12, 0), "December");
 
     tree->setCurrentItem(findItem(tree, "Trader Joe's"));
-    EXPECT_EQ(dialog.nameEdit()->text(), "Trader Joe's");
-    EXPECT_EQ(dialog.categoryLabel()->text(), "Food");
-    EXPECT_EQ(dialog.typeBox()->currentText(), "recurring");
-    EXPECT_EQ(dialog.institutionBox()->currentText(), "First National");
+    EXPECT_EQ((QStringList{dialog.nameEdit()->text(), dialog.categoryLabel()->text(),
+                           dialog.typeBox()->currentText(), dialog.institutionBox()->currentText(),
+                           dialog.accountBox()->currentText(), dialog.repeatingAmountEdit()->text(),
+                           dialog.closingDayEdit()->text()}),
+              (QStringList{"Trader Joe's", "Food", "recurring", "First National", "Savings",
+                           "120.00", "15"}));
     EXPECT_EQ(comboTexts(dialog.accountBox()), (QStringList{"Checking", "Savings"}));
-    EXPECT_EQ(dialog.accountBox()->currentText(), "Savings");
-    EXPECT_EQ(dialog.repeatingAmountEdit()->text(), "120.00");
-    EXPECT_EQ(dialog.closingDayEdit()->text(), "15");
     EXPECT_EQ(rowTexts(months, 1),
               (QStringList{"January", "100.00", "1/3", "1/5", "paid", "auto", "1042"}));
     EXPECT_EQ(cell(months, 2, 1), "90.00");
@@ -180,10 +148,10 @@ TEST_F(PickerDialogsTest, IncomePickerListsTheSourcesAndAnswersTheName) {
     EXPECT_EQ(tree->topLevelItem(1)->childCount(), 0);
 
     tree->setCurrentItem(tree->topLevelItem(1));
-    EXPECT_EQ(dialog.nameEdit()->text(), "Pat's pension");
-    EXPECT_EQ(dialog.institutionBox()->currentText(), "First National");
-    EXPECT_EQ(dialog.accountBox()->currentText(), "Checking");
-    EXPECT_EQ(dialog.repeatingAmountEdit()->text(), "800.00");
+    EXPECT_EQ(
+        (QStringList{dialog.nameEdit()->text(), dialog.institutionBox()->currentText(),
+                     dialog.accountBox()->currentText(), dialog.repeatingAmountEdit()->text()}),
+        (QStringList{"Pat's pension", "First National", "Checking", "800.00"}));
     EXPECT_EQ(rowTexts(dialog.monthTable(), 5).join(""), "May");
 
     QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
@@ -202,15 +170,15 @@ TEST_F(PickerDialogsTest, CustomerPickerPromptsByModeAndListsTheItemsOfTheSelect
     QTreeWidget* tree = forCell.tree();
     ASSERT_EQ(tree->topLevelItemCount(), 2);  // the revenue template is no customer
     tree->setCurrentItem(findItem(tree, "O'Neil"));
-    EXPECT_EQ(forCell.numberEdit()->text(), "C-7");
-    EXPECT_EQ(forCell.institutionBox()->currentText(), "Credit Union");
-    EXPECT_EQ(forCell.accountBox()->currentText(), "Share Draft");
-    EXPECT_EQ(forCell.repeatingAmountEdit()->text(), "45.00");
+    EXPECT_EQ(
+        (QStringList{forCell.numberEdit()->text(), forCell.institutionBox()->currentText(),
+                     forCell.accountBox()->currentText(), forCell.repeatingAmountEdit()->text()}),
+        (QStringList{"C-7", "Credit Union", "Share Draft", "45.00"}));
     QTableWidget* items = forCell.itemTable();
-    ASSERT_EQ(items->rowCount(), 2);
+    ASSERT_EQ(items->rowCount(), 3);
     EXPECT_EQ(rowTexts(items, 0),
               (QStringList{"January", "4", "45.00", "1/9", "1/10", "paid", "receivable", "88"}));
-    EXPECT_EQ(rowTexts(items, 1), (QStringList{"March", "2", "10.00", "", "", "", "", ""}));
+    EXPECT_EQ(rowTexts(items, 2), (QStringList{"March", "9", "35.00", "", "", "", "", ""}));
 
     tree->setCurrentItem(findItem(tree, "Acme"));
     EXPECT_EQ(items->rowCount(), 0);

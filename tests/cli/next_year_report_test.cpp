@@ -1,10 +1,7 @@
 // tallix-cli next-year and report, run as processes in temporary folders.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <sstream>
 #include <string>
-#include <vector>
 
 #include "cli/run_cli.h"
 #include "data/document.h"
@@ -90,42 +87,6 @@ TEST_F(NextYearAndReportCommands, NextYearMakesTheFileAndRefusesTheCurrentName) 
 
     EXPECT_EQ(run("next-year " + shellQuoted(root) + " 2025"), 3);  // no file for 2025
     EXPECT_EQ(run("next-year " + shellQuoted(root)), 2);
-}
-
-TEST_F(NextYearAndReportCommands, AYearWalkedEndToEndStartsFromDecembersClosing) {
-    ASSERT_EQ(run("update-all " + shellQuoted(folder / "tallix2026.xml") + " --today 2026-12-31"),
-              0)
-        << err;
-    Document closed = Document::load(folder / "tallix2026.xml");
-    pugi::xml_node regcolumn = childAt(
-        childAt(requireOne(closed.node(), paths::kInstitutionName, "First National"), 0), 1);
-    const std::string december = nodeText(elementChildren(regcolumn).back());
-    ASSERT_NE(december, "0");
-
-    ASSERT_EQ(run("next-year " + shellQuoted(root) + " 2026"), 0) << err;
-    Document made = Document::load(folder / "tallix2027.xml");
-    regcolumn =
-        childAt(childAt(requireOne(made.node(), paths::kInstitutionName, "First National"), 0), 1);
-    EXPECT_EQ(childText(regcolumn, 1), december);
-
-    // Before anything of January is due, its first line shows the balances
-    // January starts from.
-    ASSERT_EQ(run("show " + shellQuoted(folder / "tallix2027.xml") + " January --today 2026-12-31"),
-              0)
-        << err;
-    std::vector<std::vector<std::string>> grid;
-    std::istringstream lines(out);
-    for (std::string line; std::getline(lines, line);) {
-        std::vector<std::string> cells;
-        std::istringstream fields(line);
-        for (std::string cell; std::getline(fields, cell, '\t');)
-            cells.push_back(cell);
-        grid.push_back(cells);
-    }
-    ASSERT_EQ(grid.size(), 3u) << out;  // titles, the blank line, the starting row
-    auto column = std::find(grid[0].begin(), grid[0].end(), "FN Register") - grid[0].begin();
-    ASSERT_LT(static_cast<size_t>(column), grid[1].size());
-    EXPECT_DOUBLE_EQ(std::stod(grid[1][static_cast<size_t>(column)]), std::stod(december));
 }
 
 }  // namespace

@@ -1,32 +1,25 @@
 // The main window on the sample year: its start-up, month buttons, grid,
-// menus, picture buttons and exit. What each command does to the year is the
-// core's business; here each must reach the core and show its result.
+// menus, picture buttons, exit and the dialogs of its Tools menu. What each
+// command does to the year is the core's business; here each must reach the
+// core and show its result.
 #include <gtest/gtest.h>
 
-#include <QAbstractItemModelTester>
-#include <QBrush>
 #include <QFontMetrics>
 #include <QHeaderView>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QTableView>
-#include <QTest>
+#include <QTableWidget>
 #include <QToolButton>
-#include <memory>
 #include <string>
 
 #include "app/backups.h"
+#include "app/next_year.h"
 #include "app/year_files.h"
-#include "data/node_text.h"
 #include "register/cell_colours.h"
-#include "register/month_lines.h"
-#include "ui/grid_model.h"
-#include "ui/month_buttons.h"
+#include "reports/reports.h"
+#include "ui/nextyear_dlg.h"
 #include "ui/picture_buttons.h"
+#include "ui/recurring_dlg.h"
 #include "ui/sample_year.h"
-#include "ui/tallix_dlg.h"
 
 namespace tallix {
 namespace {
@@ -35,60 +28,8 @@ using test::readFile;
 using test::writeFile;
 using Texts = std::vector<std::string>;
 
-const std::string kNoDecember =
-    "You tying to load the month of December which has no entries and its not the current "
-    "calendar month";
-
-// Runs Qt's model checks on the grid model while it lives and fails the test
-// on any complaint.
-class ModelCheck {
-  public:
-    explicit ModelCheck(QAbstractItemModel* model) {
-        complaints_.clear();
-        previous_ = qInstallMessageHandler(&ModelCheck::record);
-        tester_ = std::make_unique<QAbstractItemModelTester>(
-            model, QAbstractItemModelTester::FailureReportingMode::Warning);
-    }
-    ~ModelCheck() {
-        tester_.reset();
-        qInstallMessageHandler(previous_);
-        EXPECT_TRUE(complaints_.isEmpty()) << complaints_.join('\n').toStdString();
-    }
-
-  private:
-    static void record(QtMsgType, const QMessageLogContext& context, const QString& text) {
-        if (QByteArray(context.category ? context.category : "").startsWith("qt.modeltest"))
-            complaints_ << text;
-    }
-    static inline QStringList complaints_;
-    QtMessageHandler previous_ = nullptr;
-    std::unique_ptr<QAbstractItemModelTester> tester_;
-};
-
-class MainWindowTest : public test::SampleYearTest {
+class MainWindowTest : public test::WindowTest {
   protected:
-    void start() {
-        window.OnInitDialog();
-        window.show();
-    }
-    QMenu* menu(int position) { return window.menuBar()->actions()[position]->menu(); }
-    QAction* item(int menuPosition, const QString& text) {
-        for (QAction* a : menu(menuPosition)->actions())
-            if (a->text() == text)
-                return a;
-        ADD_FAILURE() << "no menu item " << text.toStdString();
-        return nullptr;
-    }
-    void clickMonth(int month) {
-        QTest::mouseClick(window.monthButtons()->button(month), Qt::LeftButton);
-    }
-    QColor monthFace(int month) { return face(window.monthButtons()->button(month)); }
-    QString text(int row, int column) {
-        return window.gridModel()->index(row, column).data().toString();
-    }
-    int linesOf(const char* month) const {
-        return static_cast<int>(monthLines(session.data.node(), month).size());
-    }
     // The year file with the lines of `month` taken out, written to `file`.
     void emptyMonth(const std::string& month, const std::filesystem::path& file) {
         std::string xml = readFile(yearFile());
@@ -97,9 +38,10 @@ class MainWindowTest : public test::SampleYearTest {
         xml.replace(from, xml.find("</month>", from) - from, open);
         writeFile(file, xml);
     }
-
-    ui::CTallixDlg window{session};
-    ModelCheck check{window.gridModel()};
+    static std::string noLines(const std::string& month) {
+        return "You tying to load the month of " + month +
+               " which has no entries and its not the current calendar month";
+    }
 };
 
 TEST_F(MainWindowTest, StartUpShowsTheCurrentMonthWithItsBalances) {
@@ -114,9 +56,9 @@ TEST_F(MainWindowTest, StartUpShowsTheCurrentMonthWithItsBalances) {
     EXPECT_EQ(model->columnCount(), 24);
     EXPECT_EQ(model->headerData(13, Qt::Horizontal).toString(), "FN Register");
     EXPECT_EQ(model->headerData(23, Qt::Horizontal).toString(), "Typeofentry");
-    EXPECT_EQ(text(0, 4), "Acme Payroll");
+    EXPECT_EQ(cell(0, 4), "Acme Payroll");
     for (int column : {13, 14, 16, 17, 18})
-        EXPECT_NE(text(0, column).trimmed(), "") << column;
+        EXPECT_FALSE(isBlankCell(cell(0, column))) << column;
 
     // Every cell in the colours the register rules give it.
     for (int r = 0; r < model->rowCount(); ++r)
@@ -151,7 +93,7 @@ TEST_F(MainWindowTest, AFirstRunCreatesTheIndexAndFollowsTheYearPrompts) {
     env.cloud.reset();
     prompter.answers = {Answer::No, Answer::Yes};  // not the previous year; a blank one
     testing::internal::CaptureStdout();
-    window.OnInitDialog();
+    start();
     testing::internal::GetCapturedStdout();
 
     EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix.xml"));
@@ -169,9 +111,8 @@ TEST_F(MainWindowTest, AMonthButtonShowsThatMonthAndTurnsGreen) {
     EXPECT_EQ(window.windowTitle(), "March 2026");
     EXPECT_EQ(session.view.rememberedRow, 31);
     EXPECT_EQ(window.gridModel()->rowCount(), linesOf("March") + 1);
-    EXPECT_EQ(text(0, 4).toStdString(),
-              childText(monthLines(session.data.node(), "March").front(), 1));
-    EXPECT_NE(text(0, 13).trimmed(), "");
+    EXPECT_EQ(cell(0, 4), childText(monthLines(session.data.node(), "March").front(), 1));
+    EXPECT_FALSE(isBlankCell(cell(0, 13)));
     EXPECT_EQ(monthFace(3), ui::MonthButtons::kPressedFace);
     EXPECT_EQ(monthFace(11), ui::MonthButtons::kFace);
 
@@ -186,10 +127,10 @@ TEST_F(MainWindowTest, AMonthWithoutLinesIsRefusedAndTheGridKeepsItsMonth) {
     const int rows = window.gridModel()->rowCount();
     clickMonth(12);
 
-    EXPECT_EQ(prompter.shown, Texts{kNoDecember});
+    EXPECT_EQ(prompter.shown, Texts{noLines("December")});
     EXPECT_EQ(window.windowTitle(), "November 2026");
     EXPECT_EQ(window.gridModel()->rowCount(), rows);
-    EXPECT_EQ(text(0, 4), "Acme Payroll");
+    EXPECT_EQ(cell(0, 4), "Acme Payroll");
     EXPECT_EQ(session.view.lineCount, rows - 1);  // the starting row is still the last row
     EXPECT_EQ(monthFace(12), ui::MonthButtons::kPressedFace);
 }
@@ -200,14 +141,14 @@ TEST_F(MainWindowTest, UpdateAllMonthsLeavesDecemberDisplayedAndNovembersButtonP
     EXPECT_TRUE(prompter.shown.empty());
     EXPECT_EQ(window.windowTitle(), "December 2026");
     EXPECT_EQ(window.gridModel()->rowCount(), linesOf("December") + 1);
-    EXPECT_NE(text(0, 13).trimmed(), "");  // November's closing carried in
+    EXPECT_FALSE(isBlankCell(cell(0, 13)));  // November's closing carried in
     EXPECT_EQ(window.monthButtons()->pressed(), 11);
     EXPECT_EQ(monthFace(12), ui::MonthButtons::kFace);
 }
 
 TEST_F(MainWindowTest, RefreshFromTheMenuOrTheButtonShowsTheFileAsItIsOnDisk) {
     start();
-    ASSERT_EQ(text(0, 9), "Payroll");
+    ASSERT_EQ(cell(0, 9), "Payroll");
     auto replaceOnDisk = [&](const std::string& from, const std::string& to) {
         std::string xml = readFile(yearFile());
         xml.replace(xml.find(from, xml.find("month=\"November\"")), from.size(), to);
@@ -215,22 +156,21 @@ TEST_F(MainWindowTest, RefreshFromTheMenuOrTheButtonShowsTheFileAsItIsOnDisk) {
     };
     replaceOnDisk("<description>Payroll</description>", "<description>Bonus</description>");
     item(2, "Refresh")->trigger();
-    EXPECT_EQ(text(0, 9), "Bonus");
+    EXPECT_EQ(cell(0, 9), "Bonus");
 
     replaceOnDisk("<expense>Water</expense>", "<expense>Electric</expense>");
     window.pictureButtons()->button(ui::PictureButtons::kRefresh)->click();
-    EXPECT_EQ(text(1, 4), "Electric");
+    EXPECT_EQ(cell(1, 4), "Electric");
     EXPECT_TRUE(prompter.shown.empty());
 }
 
 TEST_F(MainWindowTest, TheUpdateButtonRecomputesTheMonthFromTheDocumentAndKeepsTheScroll) {
-    window.OnInitDialog();
-    const double before = text(0, 13).toDouble();
+    start();
+    const double before = std::stod(cell(0, 13));
     // The pay line brings 100.00 more into the checking register.
     pugi::xml_node pay = monthLines(session.data.node(), "November").front();
     setChildText(pay, 2, "3344.50");
     window.resize(800, 400);
-    window.show();
     QScrollBar* scroll = window.grid()->verticalScrollBar();
     ASSERT_GT(scroll->maximum(), 0);
     scroll->setValue(scroll->maximum());
@@ -238,8 +178,8 @@ TEST_F(MainWindowTest, TheUpdateButtonRecomputesTheMonthFromTheDocumentAndKeepsT
     EXPECT_EQ(scroll->value(), scroll->maximum());
 
     EXPECT_TRUE(prompter.shown.empty());
-    EXPECT_EQ(text(0, 5), "3344.50");
-    EXPECT_NEAR(text(0, 13).toDouble() - before, 100.0, 1e-6);
+    EXPECT_EQ(cell(0, 5), "3344.50");
+    EXPECT_NEAR(std::stod(cell(0, 13)) - before, 100.0, 1e-6);
     EXPECT_NE(readFile(yearFile()).find("<debit>3344.50</debit>"), std::string::npos);
 }
 
@@ -253,8 +193,7 @@ TEST_F(MainWindowTest, TheYearsMenuSwitchesToThatYearsMonth) {
     item(3, "2025")->trigger();
     EXPECT_EQ(session.fileName, "tallix2025.xml");
     EXPECT_EQ(window.windowTitle(), "November 2025");
-    EXPECT_EQ(prompter.shown, Texts{"You tying to load the month of November which has no "
-                                    "entries and its not the current calendar month"});
+    EXPECT_EQ(prompter.shown, Texts{noLines("November")});
     EXPECT_EQ(window.gridModel()->rowCount(), 0);
 }
 
@@ -343,6 +282,41 @@ TEST_F(MainWindowTest, AFailedBackupKeepsTheWindowOpen) {
     window.OnBnClickedCancel();
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(prompter.shown, Texts{"runtime error in OnBnClickedCancel() "});
+}
+
+TEST_F(MainWindowTest, TheRecurringListEndsWithItsTotalsAndColoursWhatIsNotPaid) {
+    start();
+    // December's bills are all still "notpaid".
+    ui::CRecurringDlg dialog(session, buildReport(session.data.node(), ReportKind::Recurring, 12));
+    QTableWidget* list = dialog.list();
+    QStringList firstCells;
+    bool redSeen = false;
+    for (int r = 0; r < list->rowCount(); ++r) {
+        firstCells << (list->item(r, 1) ? list->item(r, 1)->text() : QString());
+        for (int c = 0; c < list->columnCount(); ++c)
+            if (QTableWidgetItem* item = list->item(r, c))
+                redSeen |= item->background().color() == QColor(255, 0, 0);
+    }
+    EXPECT_TRUE(firstCells.contains("TOTAL"));
+    EXPECT_TRUE(firstCells.contains("LEFT TO PAY"));
+    EXPECT_TRUE(redSeen);
+}
+
+TEST_F(MainWindowTest, MakeNextYearOffersTheNextNameAndRefusesTheCurrentOne) {
+    start();
+    ui::CNextyearDlg dialog(session);
+    EXPECT_EQ(dialog.nextFileNameEdit()->text(), "tallix2027.xml");
+    dialog.nextFileNameEdit()->setText("tallix2026.xml");
+    const std::string before = readFile(yearFile());
+    QTest::mouseClick(dialog.createButton(), Qt::LeftButton);
+    EXPECT_EQ(prompter.shown, Texts{next_year_texts::kSameFileName});
+    EXPECT_EQ(readFile(yearFile()), before);
+
+    dialog.nextFileNameEdit()->setText("tallix2027.xml");
+    QTest::mouseClick(dialog.createButton(), Qt::LeftButton);
+    EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix2027.xml"));
+    EXPECT_EQ(session.fileName, "tallix2027.xml");
+    EXPECT_EQ(session.year, 2027);
 }
 
 }  // namespace

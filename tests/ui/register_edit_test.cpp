@@ -4,28 +4,14 @@
 // shows of that file.
 #include <gtest/gtest.h>
 
-#include <QBrush>
-#include <QLineEdit>
-#include <QTableView>
-#include <QTest>
 #include <string>
 #include <vector>
 
-#include "data/document.h"
-#include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"
 #include "editing/check_lookup.h"
 #include "reference/descriptions.h"
-#include "register/month_display.h"
-#include "register/month_lines.h"
-#include "ui/grid_clicks.h"
-#include "ui/grid_model.h"
-#include "ui/month_buttons.h"
-#include "ui/register_grid.h"
 #include "ui/sample_year.h"
-#include "ui/scripted_pickers.h"
-#include "ui/tallix_dlg.h"
 
 namespace tallix {
 namespace {
@@ -35,7 +21,7 @@ using Texts = std::vector<std::string>;
 
 // The sample year's November on screen, with one more line at the bottom
 // that names no planned expense (line 22, row 21).
-class RegisterEditTest : public test::SampleYearTest {
+class RegisterEditTest : public test::WindowTest {
   protected:
     static constexpr int kPayRow = 0;         // Acme Payroll, Income
     static constexpr int kWaterRow = 1;       // Water, cheque 2062, pending
@@ -46,7 +32,7 @@ class RegisterEditTest : public test::SampleYearTest {
                          kTypeofentry = 23;
 
     void SetUp() override {
-        test::SampleYearTest::SetUp();
+        test::WindowTest::SetUp();
         std::string xml = readFile(yearFile());
         const size_t december = xml.find("<month month=\"December\"");
         xml.insert(xml.rfind("</month>", december),
@@ -55,71 +41,11 @@ class RegisterEditTest : public test::SampleYearTest {
                    "<institution>First National</institution><account>Checking</account><info>"
                    "</info><accumulate></accumulate><typeofentry>debit</typeofentry></item>");
         test::writeFile(yearFile(), xml);
-
-        window.OnInitDialog();
-        window.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
-        grid = window.findChild<ui::RegisterGrid*>();
-        ASSERT_NE(grid, nullptr);
-        auto owned = std::make_unique<test::ScriptedPickers>();
-        pickers = owned.get();
-        grid->setPickers(std::move(owned));
+        start();
         ASSERT_EQ(session.view.lineCount, 22);
         ASSERT_EQ(cell(kGroceriesRow, kExpense), "Groceries");
         prompter.shown.clear();
     }
-
-    void click(int row, int column, Qt::MouseButton button = Qt::LeftButton) {
-        test::clickCell(window, row, column, button);
-    }
-    // The editor on screen: a closed one may linger hidden.
-    QLineEdit* visibleEditor() {
-        for (QLineEdit* e : window.grid()->viewport()->findChildren<QLineEdit*>())
-            if (e->isVisible())
-                return e;
-        return nullptr;
-    }
-    QLineEdit* openOn(int row, int column) {
-        test::doubleClickCell(window, row, column);
-        return visibleEditor();
-    }
-    // Double-clicks the cell, types over its text and leaves with `key`.
-    void type(int row, int column, const QString& text, Qt::Key key = Qt::Key_Return) {
-        QLineEdit* editor = openOn(row, column);
-        ASSERT_NE(editor, nullptr) << row << "," << column;
-        QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(editor, text);
-        QTest::keyClick(editor, key);
-    }
-    std::string cell(int row, int column) {
-        return window.gridModel()->index(row, column).data().toString().toStdString();
-    }
-    QColor colour(int row, int column, Qt::ItemDataRole role = Qt::BackgroundRole) {
-        return window.gridModel()->index(row, column).data(role).value<QBrush>().color();
-    }
-    std::string savedField(int line, int child) {
-        Document d = Document::load(yearFile());
-        return childText(monthLines(d.node(), "November").at(static_cast<size_t>(line - 1)),
-                         static_cast<size_t>(child));
-    }
-    // Every cell of the grid against the month as a new session shows it
-    // from the file on disk.
-    void expectGridShowsTheFile() {
-        test::ScriptedPrompter quiet;
-        Session fresh(env, quiet);
-        fresh.openDataPath(yearFile());
-        prepareColumns(fresh);
-        fresh.month = 11;
-        ASSERT_TRUE(showMonth(fresh, "11"));
-        ASSERT_EQ(window.gridModel()->rowCount(), fresh.view.table.rowCount());
-        for (int r = 0; r < fresh.view.table.rowCount(); ++r)
-            for (int c = 1; c < window.gridModel()->columnCount(); ++c)
-                EXPECT_EQ(cell(r, c), fresh.view.table.cell(r, c)) << r << "," << c;
-    }
-
-    ui::CTallixDlg window{session};
-    ui::RegisterGrid* grid = nullptr;
-    test::ScriptedPickers* pickers = nullptr;
 };
 
 TEST_F(RegisterEditTest, EnterCommitsAndTabCommitsAndMovesTheEditorOn) {
@@ -187,10 +113,9 @@ TEST_F(RegisterEditTest, NothingIsSavedWithoutAnOpenEditor) {
     editor = openOn(kGroceriesRow, kAmount);
     ASSERT_NE(editor, nullptr);
     QTest::keyClicks(editor, "5");
-    QTableView* view = window.grid();
-    const QRect last = view->visualRect(window.gridModel()->index(session.view.lineCount, 5));
-    ASSERT_LT(last.bottom() + 5, view->viewport()->height());
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, last.center() + QPoint(0, 40));
+    const QPoint below = centre(session.view.lineCount, kAmount) + QPoint(0, 40);
+    ASSERT_LT(below.y() + 5, window.grid()->viewport()->height());
+    QTest::mouseClick(window.grid()->viewport(), Qt::LeftButton, {}, below);
     EXPECT_EQ(visibleEditor(), editor);
     EXPECT_EQ(readFile(yearFile()), committed);
     // A click on another cell commits it.

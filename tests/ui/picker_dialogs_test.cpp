@@ -275,14 +275,20 @@ TEST(RowOperationsPopup, ClosingAnswersCancelAndThePopupIsPlacedBesideTheClick) 
 }
 
 TEST(MoveRowDialog, AnswersTheTypedNumberOrZero) {
+    // OK, or Enter in the field, answers.
     const std::pair<const char*, int> typed[] = {{"12", 12}, {" 7 ", 7}, {"abc", 0}, {"", 0}};
-    for (const auto& [text, expected] : typed) {
-        ui::CMoveRowDlg dialog;
-        QTest::keyClicks(dialog.lineEdit(), text);
-        QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
-        EXPECT_EQ(dialog.result(), QDialog::Accepted);
-        EXPECT_EQ(dialog.target(), expected) << text;
-    }
+    for (bool enter : {false, true})
+        for (const auto& [text, expected] : typed) {
+            ui::CMoveRowDlg dialog;
+            dialog.show();
+            QTest::keyClicks(dialog.lineEdit(), text);
+            if (enter)
+                QTest::keyClick(dialog.lineEdit(), Qt::Key_Return);
+            else
+                QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
+            EXPECT_EQ(dialog.result(), QDialog::Accepted) << text;
+            EXPECT_EQ(dialog.target(), expected) << text;
+        }
     ui::CMoveRowDlg canceled;
     QTest::keyClicks(canceled.lineEdit(), "12");
     QTest::mouseClick(canceled.cancelButton(), Qt::LeftButton);
@@ -352,6 +358,7 @@ TEST(DescriptionDialog, PickingForACellAnswersTheDescriptionClearOrCancel) {
     ui::CDescriptionDlg clear(ui::CDescriptionDlg::kPickForCell, list, "Zoo");
     QTest::mouseClick(clear.firstButton(), Qt::LeftButton);
     EXPECT_EQ(clear.answer(), "clear");
+    EXPECT_EQ(clear.result(), QDialog::Accepted);
     ui::CDescriptionDlg cancel(ui::CDescriptionDlg::kPickForCell, list, "Zoo");
     QTest::mouseClick(cancel.cancelButton(), Qt::LeftButton);
     EXPECT_EQ(cancel.answer(), "cancel");

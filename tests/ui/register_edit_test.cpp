@@ -77,10 +77,15 @@ TEST_F(RegisterEditTest, EnterCommitsAndTabCommitsAndMovesTheEditorOn) {
     QTest::keyClick(visibleEditor(), Qt::Key_Tab);
     EXPECT_EQ(session.view.editorRow, kWaterRow);
     EXPECT_EQ(session.view.editorColumn, kAmount);
+    // Shift+Tab arrives as Tab with Shift or as Backtab.
     QTest::keyClick(visibleEditor(), Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(session.view.editorRow, kPayRow);
     EXPECT_EQ(session.view.editorColumn, kTypeofentry);
     EXPECT_EQ(visibleEditor()->text(), "deposit");
+    QTest::keyClick(visibleEditor(), Qt::Key_Tab);
+    QTest::keyClick(visibleEditor(), Qt::Key_Backtab);
+    EXPECT_EQ(session.view.editorRow, kPayRow);
+    EXPECT_EQ(session.view.editorColumn, kTypeofentry);
     int shown = 0;
     for (QLineEdit* e : window.grid()->viewport()->findChildren<QLineEdit*>())
         shown += e->isVisible() ? 1 : 0;
@@ -131,6 +136,7 @@ TEST_F(RegisterEditTest, OnlyLineCellsThatTakeTypingOpenAnEditor) {
     EXPECT_EQ(openOn(session.view.lineCount, kAmount), nullptr);  // the starting row
     EXPECT_EQ(session.view.editorRow, -1);
     EXPECT_NE(openOn(kPayRow, kAmount), nullptr);
+    EXPECT_EQ(grid->openEditorWidget(), visibleEditor());
     EXPECT_EQ(session.view.editorColumn, kAmount);
     EXPECT_TRUE(pickers->opened.empty());
 }

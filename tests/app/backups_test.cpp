@@ -7,35 +7,24 @@
 
 #include "app/backups.h"
 #include "app/data_commands.h"
+#include "app/data_folder.h"
 #include "app/instance_lock.h"
-#include "app/session.h"
-#include "support/scripted.h"
-#include "support/temp_dir.h"
 
 namespace tallix {
 namespace {
 
 using test::readFile;
 
-class BackupsTest : public ::testing::Test {
+class BackupsTest : public test::DataFolderTest {
   protected:
     void SetUp() override {
-        env.root = tmp / "root";
-        env.documents = tmp / "docs";
-        std::filesystem::create_directories(env.documents / "tallix" / "backup");
-        std::filesystem::create_directories(session.dataFolder());
-        std::filesystem::copy_file(test::sourceDir() / "res" / "blank_tallix.xml",
-                                   session.inDataFolder("tallix2026.xml"));
+        test::DataFolderTest::SetUp();
+        addYearFile("tallix2026.xml");
         session.openDataFile("tallix2026.xml");
     }
     std::filesystem::path localBackup() const {
         return env.documents / "tallix" / "backup" / "tallix2026.xml";
     }
-
-    test::TempDir tmp;
-    test::FixedEnvironment env;
-    test::ScriptedPrompter prompter;
-    Session session{env, prompter};
 };
 
 TEST_F(BackupsTest, StartupCreatesTheCloudFolderOrSaysThereIsNoCloudDrive) {

@@ -4,15 +4,10 @@
 
 #include <set>
 
-#include "app/first_run.h"
-#include "app/session.h"
-#include "data/node_text.h"
+#include "app/data_folder.h"
 #include "data/query.h"
 #include "data/structure_check.h"
 #include "data/values.h"
-#include "data/year_lookup.h"
-#include "support/scripted.h"
-#include "support/temp_dir.h"
 
 namespace tallix {
 namespace {
@@ -26,30 +21,19 @@ std::set<std::string> filesIn(const std::filesystem::path& folder) {
     return names;
 }
 
-// A data folder holding a copy of the sample year as 2026's file, opened on
-// 15 March 2026.
-class NextYearTest : public ::testing::Test {
+// The sample year as 2026's file, opened.
+class NextYearTest : public test::DataFolderTest {
   protected:
     void SetUp() override {
-        env.root = tmp / "root";
-        env.documents = tmp / "docs";
-        installMissingFiles(session.dataFolder(), env.documents);
-        loadOrCreateIndex(session);
-        std::filesystem::copy_file(test::sourceDir() / "examples/tallix2026.xml",
-                                   session.inDataFolder("tallix2026.xml"));
-        setChildText(yearEntry(session.index.node(), "2026"), 0, "tallix2026.xml");
-        session.saveIndex();
+        test::DataFolderTest::SetUp();
+        addYearFile("tallix2026.xml", "examples/tallix2026.xml");
+        setEntry("2026", "tallix2026.xml", "initialized");
         session.openDataFile("tallix2026.xml");
     }
-
     pugi::xml_node bankColumn(const Document& doc, size_t column) {
         return childAt(
             childAt(requireOne(doc.node(), paths::kInstitutionName, "First National"), 0), column);
     }
-    test::TempDir tmp;
-    test::FixedEnvironment env;
-    test::ScriptedPrompter prompter;
-    Session session{env, prompter};
 };
 
 using Texts = std::vector<std::string>;
@@ -126,9 +110,7 @@ TEST_F(NextYearTest, TheNewFileIsCarriedOverEnteredInTheIndexAndBecomesTheSessio
 }
 
 TEST_F(NextYearTest, AnIndexEntryIsCompletedOrAddedInYearOrder) {
-    pugi::xml_node entry = yearEntry(session.index.node(), "2027");
-    entry.parent().remove_child(entry);
-    session.saveIndex();
+    removeEntry("2027");
     ASSERT_TRUE(OnToolsMakenextyear(session, "tallix2027.xml"));
 
     Document index = Document::load(session.indexPath());

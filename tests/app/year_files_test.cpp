@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "app/first_run.h"
-#include "app/session.h"
+#include "app/data_folder.h"
 #include "app/year_files.h"
-#include "data/node_text.h"
 #include "data/query.h"
-#include "data/year_lookup.h"
-#include "support/scripted.h"
-#include "support/temp_dir.h"
 
 namespace tallix {
 namespace {
@@ -15,43 +10,7 @@ namespace {
 using test::readFile;
 using test::writeFile;
 
-// A data folder as a first run leaves it, on 15 March 2026.
-class YearFilesTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        env.root = tmp / "root";
-        env.documents = tmp / "docs";
-        installMissingFiles(session.dataFolder(), env.documents);
-        loadOrCreateIndex(session);
-    }
-
-    // Gives `year` the entry (file, status) and saves the index.
-    void setEntry(const std::string& year, const std::string& file, const std::string& status) {
-        pugi::xml_node entry = yearEntry(session.index.node(), year);
-        ASSERT_TRUE(entry) << year;
-        setChildText(entry, 0, file);
-        setChildText(entry, 1, status);
-        session.saveIndex();
-    }
-    void removeEntry(const std::string& year) {
-        pugi::xml_node entry = yearEntry(session.index.node(), year);
-        entry.parent().remove_child(entry);
-        session.saveIndex();
-    }
-    void makeYearFile(const std::string& name) {
-        std::filesystem::copy_file(session.inDataFolder("blank_tallix.xml"),
-                                   session.inDataFolder(name));
-    }
-    std::string indexEntryText(const std::string& year, size_t child) {
-        Document onDisk = Document::load(session.indexPath());
-        return childText(yearEntry(onDisk.node(), year), child);
-    }
-
-    test::TempDir tmp;
-    test::FixedEnvironment env;
-    test::ScriptedPrompter prompter;
-    Session session{env, prompter};
-};
+using YearFilesTest = test::DataFolderTest;
 
 TEST_F(YearFilesTest, FirstRunInstallsTemplatesAndCreatesTheIndexFromTheFirstTemplate) {
     EXPECT_TRUE(std::filesystem::exists(session.inDataFolder("blank_tallix.xml")));
@@ -136,7 +95,7 @@ TEST_F(YearFilesTest, DecliningTheBlankYearLeavesNoFileToOpen) {
 
 TEST_F(YearFilesTest, AnEmptyPreviousYearAsksToLocateAFileOrStartsBlank) {
     // Only an empty year text yields exactly "no entry for year ".
-    makeYearFile("old.xml");
+    addYearFile("old.xml");
     prompter.answers = {Answer::Yes};
     prompter.files = {session.inDataFolder("old.xml")};
     testing::internal::CaptureStdout();
@@ -161,7 +120,7 @@ TEST_F(YearFilesTest, GetfileRecordsThePickedFileInTheIndexOrNothingWhenCancelle
     EXPECT_EQ(getfile(session, "2024"), "");
     EXPECT_EQ(readFile(session.indexPath()), before);
 
-    makeYearFile("household.xml");
+    addYearFile("household.xml");
     prompter.files = {session.inDataFolder("household.xml")};
     EXPECT_EQ(getfile(session, "2024"), "household.xml");
     EXPECT_EQ(indexEntryText("2024", 0), "household.xml");
@@ -185,7 +144,7 @@ TEST_F(YearFilesTest, GetfileCopiesAFileFromElsewhereIntoTheDataFolder) {
 }
 
 TEST_F(YearFilesTest, TheYearsMenuSwitchesToAnIndexedYear) {
-    makeYearFile("tallix2024.xml");
+    addYearFile("tallix2024.xml");
     setEntry("2024", "tallix2024.xml", "initialized");
     EXPECT_TRUE(processprevyearrequest(session, "2024"));
     EXPECT_EQ(session.year, 2024);
@@ -204,7 +163,7 @@ TEST_F(YearFilesTest, TheYearsMenuAsksForAFileWhereTheYearHasNone) {
     EXPECT_EQ(session.year, 2026);
 
     // An entry without a file asks the same question; Yes picks one.
-    makeYearFile("picked.xml");
+    addYearFile("picked.xml");
     prompter.answers = {Answer::Yes};
     prompter.files = {session.inDataFolder("picked.xml")};
     EXPECT_TRUE(processprevyearrequest(session, "2027"));

@@ -6,7 +6,6 @@
 #include "cli/run_cli.h"
 #include "data/document.h"
 #include "data/node_text.h"
-#include "data/query.h"
 #include "data/year_lookup.h"
 
 namespace tallix {
@@ -79,11 +78,7 @@ TEST_F(NextYearAndReportCommands, NextYearMakesTheFileAndRefusesTheCurrentName) 
 
     ASSERT_EQ(run("next-year " + shellQuoted(root) + " 2026"), 0) << err;
     EXPECT_EQ(out, (folder / "tallix2027.xml").string() + "\n");
-    Document index = Document::load(folder / "tallix.xml");
-    EXPECT_EQ(yearLookup(index.node(), "2027"), "tallix2027.xml");
-    Document made = Document::load(folder / "tallix2027.xml");
-    EXPECT_EQ(selectAll(made.node(), paths::kMonthByName, "June", paths::kCloseChildren).size(),
-              1u);
+    EXPECT_EQ(yearLookup(Document::load(folder / "tallix.xml").node(), "2027"), "tallix2027.xml");
 
     EXPECT_EQ(run("next-year " + shellQuoted(root) + " 2025"), 3);  // no file for 2025
     EXPECT_EQ(run("next-year " + shellQuoted(root)), 2);

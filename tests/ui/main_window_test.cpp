@@ -195,6 +195,7 @@ TEST_F(MainWindowTest, TheYearsMenuSwitchesToThatYearsMonth) {
     EXPECT_EQ(window.windowTitle(), "November 2025");
     EXPECT_EQ(prompter.shown, Texts{noLines("November")});
     EXPECT_EQ(window.gridModel()->rowCount(), 0);
+    EXPECT_EQ(session.view.lineCount, 0);  // nothing of 2026's November is left to edit
 }
 
 TEST_F(MainWindowTest, TheMenusHoldEveryCommandAndTheUnbuiltOnesSaySo) {

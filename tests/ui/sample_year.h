@@ -175,15 +175,15 @@ class WindowTest : public SampleYearTest {
         return childText(monthLines(d.node(), "November").at(static_cast<size_t>(line - 1)),
                          static_cast<size_t>(child));
     }
-    // Every cell of the grid against November as a new session shows it from
+    // Every cell of the grid against `month` as a new session shows it from
     // the file on disk.
-    void expectGridShowsTheFile() {
+    void expectGridShowsTheFile(int month = 11) {
         ScriptedPrompter quiet;
         Session fresh(env, quiet);
         fresh.openDataPath(yearFile());
         prepareColumns(fresh);
-        fresh.month = 11;
-        ASSERT_TRUE(showMonth(fresh, "11"));
+        fresh.month = month;
+        ASSERT_TRUE(showMonth(fresh, std::to_string(month)));
         ASSERT_EQ(window.gridModel()->rowCount(), fresh.view.table.rowCount());
         for (int r = 0; r < fresh.view.table.rowCount(); ++r)
             for (int c = 1; c < window.gridModel()->columnCount(); ++c)

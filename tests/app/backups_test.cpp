@@ -157,5 +157,24 @@ TEST(InstanceLock, AMovedLockReleasesTheOneItReplaces) {
     EXPECT_TRUE(InstanceLock::acquire(second.path()).has_value());
 }
 
+TEST(InstanceLock, ALockOnDescriptorZeroIsReleasedToo) {
+    test::TempDir first, second;
+    pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        ::close(0);  // started without standard input: the lock file gets descriptor 0
+        bool released = InstanceLock::acquire(first.path()).has_value();
+        released = released && InstanceLock::acquire(first.path()).has_value();
+        auto held = InstanceLock::acquire(first.path());
+        auto other = InstanceLock::acquire(second.path());
+        *held = std::move(*other);
+        released = released && InstanceLock::acquire(first.path()).has_value();
+        _exit(released ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+}
+
 }  // namespace
 }  // namespace tallix

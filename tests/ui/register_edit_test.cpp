@@ -160,7 +160,7 @@ TEST_F(RegisterEditTest, AnUnknownCheckStandsOutUntilTheMonthIsShownAgain) {
     }
     EXPECT_NE(colour(kUnplannedRow, kDescription), checkColour);
 
-    QTest::mouseClick(window.monthButtons()->button(11), Qt::LeftButton);
+    clickMonth(11);
     EXPECT_NE(colour(kUnplannedRow, kCheck), checkColour);
 }
 

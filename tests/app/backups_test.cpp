@@ -7,35 +7,24 @@
 
 #include "app/backups.h"
 #include "app/data_commands.h"
+#include "app/data_folder.h"
 #include "app/instance_lock.h"
-#include "app/session.h"
-#include "support/scripted.h"
-#include "support/temp_dir.h"
 
 namespace tallix {
 namespace {
 
 using test::readFile;
 
-class BackupsTest : public ::testing::Test {
-protected:
+class BackupsTest : public test::DataFolderTest {
+  protected:
     void SetUp() override {
-        env.root = tmp / "root";
-        env.documents = tmp / "docs";
-        std::filesystem::create_directories(env.documents / "tallix" / "backup");
-        std::filesystem::create_directories(session.dataFolder());
-        std::filesystem::copy_file(test::sourceDir() / "res" / "blank_tallix.xml",
-                                   session.inDataFolder("tallix2026.xml"));
+        test::DataFolderTest::SetUp();
+        addYearFile("tallix2026.xml");
         session.openDataFile("tallix2026.xml");
     }
     std::filesystem::path localBackup() const {
         return env.documents / "tallix" / "backup" / "tallix2026.xml";
     }
-
-    test::TempDir tmp;
-    test::FixedEnvironment env;
-    test::ScriptedPrompter prompter;
-    Session session{env, prompter};
 };
 
 TEST_F(BackupsTest, StartupCreatesTheCloudFolderOrSaysThereIsNoCloudDrive) {
@@ -58,23 +47,19 @@ TEST_F(BackupsTest, StartupCreatesTheCloudFolderOrSaysThereIsNoCloudDrive) {
     EXPECT_EQ(prompter.shown[0], "no directory was created on google drive");
 }
 
-TEST_F(BackupsTest, ExitWritesTheLocalAndTheCloudCopy) {
-    env.cloud = tmp / "gdrive";
-    std::filesystem::create_directories(tmp / "gdrive" / "My Drive" / "tallix" / "backup");
-    writeExitBackups(session);
-    EXPECT_TRUE(prompter.shown.empty());
-    EXPECT_EQ(readFile(localBackup()), readFile(session.filePath));
-    EXPECT_EQ(readFile(tmp / "gdrive" / "My Drive" / "tallix" / "backup" / "tallix2026.xml"),
-              readFile(session.filePath));
-}
-
-TEST_F(BackupsTest, ExitWithoutTheCloudFolderWarnsOnceAndWritesTheLocalCopy) {
+TEST_F(BackupsTest, ExitWritesTheLocalCopyAndTheCloudCopyOnceItsFolderExists) {
     env.cloud = tmp / "gdrive";  // a drive, but without the backup folder
     writeExitBackups(session);
-    ASSERT_EQ(prompter.shown.size(), 1u);
-    EXPECT_EQ(prompter.shown[0], backup_texts::kNoCloudFolderOnExit);
+    EXPECT_EQ(prompter.shown, std::vector<std::string>{backup_texts::kNoCloudFolderOnExit});
     EXPECT_EQ(readFile(localBackup()), readFile(session.filePath));
     EXPECT_FALSE(std::filesystem::exists(tmp / "gdrive" / "My Drive"));
+
+    prompter.shown.clear();
+    const auto cloudFolder = tmp / "gdrive" / "My Drive" / "tallix" / "backup";
+    std::filesystem::create_directories(cloudFolder);
+    writeExitBackups(session);
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_EQ(readFile(cloudFolder / "tallix2026.xml"), readFile(session.filePath));
 }
 
 TEST_F(BackupsTest, AMissingLocalBackupFolderFailsTheExit) {
@@ -155,6 +140,40 @@ TEST(InstanceLock, ASecondProgramIsRefusedUntilTheFirstEnds) {
     EXPECT_TRUE(lock.has_value());
     close(ready[0]);
     close(ready[1]);
+}
+
+TEST(InstanceLock, AMovedLockReleasesTheOneItReplaces) {
+    test::TempDir first, second;
+    auto held = InstanceLock::acquire(first.path());
+    auto other = InstanceLock::acquire(second.path());
+    ASSERT_TRUE(held && other);
+    // Within one program a second lock on the same folder is refused too.
+    EXPECT_FALSE(InstanceLock::acquire(first.path()).has_value());
+    *held = std::move(*other);
+    EXPECT_TRUE(InstanceLock::acquire(first.path()).has_value());
+    other.reset();
+    EXPECT_FALSE(InstanceLock::acquire(second.path()).has_value());
+    held.reset();
+    EXPECT_TRUE(InstanceLock::acquire(second.path()).has_value());
+}
+
+TEST(InstanceLock, ALockOnDescriptorZeroIsReleasedToo) {
+    test::TempDir first, second;
+    pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        ::close(0);  // started without standard input: the lock file gets descriptor 0
+        bool released = InstanceLock::acquire(first.path()).has_value();
+        released = released && InstanceLock::acquire(first.path()).has_value();
+        auto held = InstanceLock::acquire(first.path());
+        auto other = InstanceLock::acquire(second.path());
+        *held = std::move(*other);
+        released = released && InstanceLock::acquire(first.path()).has_value();
+        _exit(released ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
 }
 
 }  // namespace

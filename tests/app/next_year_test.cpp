@@ -4,14 +4,10 @@
 
 #include <set>
 
-#include "app/first_run.h"
-#include "app/session.h"
-#include "data/node_text.h"
+#include "app/data_folder.h"
 #include "data/query.h"
+#include "data/structure_check.h"
 #include "data/values.h"
-#include "data/year_lookup.h"
-#include "support/scripted.h"
-#include "support/temp_dir.h"
 
 namespace tallix {
 namespace {
@@ -25,43 +21,34 @@ std::set<std::string> filesIn(const std::filesystem::path& folder) {
     return names;
 }
 
-// A data folder holding a copy of the sample year as 2026's file, opened on
-// 15 March 2026.
-class NextYearTest : public ::testing::Test {
+// The sample year as 2026's file, opened.
+class NextYearTest : public test::DataFolderTest {
   protected:
     void SetUp() override {
-        env.root = tmp / "root";
-        env.documents = tmp / "docs";
-        installMissingFiles(session.dataFolder(), env.documents);
-        loadOrCreateIndex(session);
-        std::filesystem::copy_file(test::sourceDir() / "examples/tallix2026.xml",
-                                   session.inDataFolder("tallix2026.xml"));
-        setChildText(yearEntry(session.index.node(), "2026"), 0, "tallix2026.xml");
-        session.saveIndex();
+        test::DataFolderTest::SetUp();
+        addYearFile("tallix2026.xml", "examples/tallix2026.xml");
+        setEntry("2026", "tallix2026.xml", "initialized");
         session.openDataFile("tallix2026.xml");
     }
-
     pugi::xml_node bankColumn(const Document& doc, size_t column) {
         return childAt(
             childAt(requireOne(doc.node(), paths::kInstitutionName, "First National"), 0), column);
     }
-    pugi::xml_node planMonth(const Document& doc, const std::string& expense, int month) {
-        return childAt(childAt(requireOne(doc.node(), paths::kExpense, expense), 7),
-                       static_cast<size_t>(month - 1));
-    }
-
-    test::TempDir tmp;
-    test::FixedEnvironment env;
-    test::ScriptedPrompter prompter;
-    Session session{env, prompter};
 };
 
+using Texts = std::vector<std::string>;
+
+std::vector<std::string> textsOf(pugi::xml_node node) {
+    std::vector<std::string> texts;
+    for (pugi::xml_node child : elementChildren(node))
+        texts.push_back(nodeText(child));
+    return texts;
+}
+
 TEST_F(NextYearTest, DialogFieldsSuggestNextYearsDefaultName) {
-    NextYearFields fields = nextYearFields(session);
-    EXPECT_EQ(fields.currentYear, "2026");
-    EXPECT_EQ(fields.currentFileName, "tallix2026.xml");
-    EXPECT_EQ(fields.yearToMake, "2027");
-    EXPECT_EQ(fields.nextFileName, "tallix2027.xml");
+    NextYearFields f = nextYearFields(session);
+    EXPECT_EQ((Texts{f.currentYear, f.currentFileName, f.yearToMake, f.nextFileName}),
+              (Texts{"2026", "tallix2026.xml", "2027", "tallix2027.xml"}));
 }
 
 TEST_F(NextYearTest, TheCurrentFileNameIsRefusedAndNothingIsWritten) {
@@ -71,11 +58,7 @@ TEST_F(NextYearTest, TheCurrentFileNameIsRefusedAndNothingIsWritten) {
 
     EXPECT_FALSE(OnToolsMakenextyear(session, "tallix2026.xml"));
 
-    ASSERT_EQ(prompter.shown.size(), 1u);
-    EXPECT_EQ(prompter.shown[0],
-              "You are atempting to set next years tallix datafile to the same as the current "
-              "filename.\nThis would overwrite your tallix's current data, or a previous years "
-              "data,  so this has been prevented. Please select a differnt filenamwe");
+    EXPECT_EQ(prompter.shown, Texts{next_year_texts::kSameFileName});
     EXPECT_EQ(filesIn(session.dataFolder()), before);
     EXPECT_EQ(readFile(session.indexPath()), index);
     EXPECT_EQ(readFile(session.filePath), data);
@@ -83,14 +66,28 @@ TEST_F(NextYearTest, TheCurrentFileNameIsRefusedAndNothingIsWritten) {
     EXPECT_EQ(session.fileName, "tallix2026.xml");
 }
 
-TEST_F(NextYearTest, TheNewFileIsEnteredInTheIndexAndBecomesTheSessionsFile) {
+TEST_F(NextYearTest, AFailureIsReportedAndTheSessionKeepsItsYear) {
+    testing::internal::CaptureStdout();
+    session.openDataFile("gone.xml");
+    testing::internal::GetCapturedStdout();
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(OnToolsMakenextyear(session, "tallix2027.xml"));
+    testing::internal::GetCapturedStderr();
+    EXPECT_EQ(prompter.shown, Texts{"runtime error in OnToolsMakenextyear() "});
+    EXPECT_EQ(session.year, 2026);
+    EXPECT_FALSE(std::filesystem::exists(session.inDataFolder("tallix2027.xml")));
+}
+
+TEST_F(NextYearTest, TheNewFileIsCarriedOverEnteredInTheIndexAndBecomesTheSessionsFile) {
+    setNodeText(elementChildren(bankColumn(session.data, 1)).back(), "5120.40");
+    session.saveData();
     const std::string lastYear = readFile(session.filePath);
     ASSERT_TRUE(OnToolsMakenextyear(session, "home 2027.xml"))
         << ::testing::PrintToString(prompter.shown);
+    EXPECT_TRUE(prompter.shown.empty());
 
     Document index = Document::load(session.indexPath());
-    EXPECT_EQ(yearLookup(index.node(), "2027"), "home 2027.xml");
-    EXPECT_EQ(childText(yearEntry(index.node(), "2027"), 1), "initialized");
+    EXPECT_EQ(textsOf(yearEntry(index.node(), "2027")), (Texts{"home 2027.xml", "initialized"}));
     EXPECT_EQ(yearLookup(index.node(), "2026"), "tallix2026.xml");
     EXPECT_EQ(session.year, 2027);
     EXPECT_EQ(session.yearText, "2027");
@@ -98,23 +95,39 @@ TEST_F(NextYearTest, TheNewFileIsEnteredInTheIndexAndBecomesTheSessionsFile) {
     EXPECT_EQ(session.filePath, session.inDataFolder("home 2027.xml"));
     EXPECT_EQ(session.data.serialize(), readFile(session.filePath));
     EXPECT_EQ(readFile(session.inDataFolder("tallix2026.xml")), lastYear);
-    EXPECT_TRUE(prompter.shown.empty());
+
+    // Carried over, and every month holds only its blank line.
+    Document made = Document::load(session.filePath);
+    EXPECT_EQ(checkStructure(made.node()), Texts{});
+    EXPECT_EQ(childText(bankColumn(made, 1), 1), "5120.40");
+    for (int m = 1; m <= 12; ++m) {
+        std::vector<pugi::xml_node> lines =
+            selectAll(made.node(), paths::kMonthByName, monthName(m), paths::kCloseChildren);
+        ASSERT_EQ(lines.size(), 1u) << monthName(m);
+        EXPECT_EQ(attributeText("line", lines[0]), "1");
+        EXPECT_EQ(textsOf(lines[0]), (Texts{"1", "", "", "", "", "", "", "", "", "", "", "debit"}));
+    }
 }
 
-TEST_F(NextYearTest, AMissingIndexEntryIsAddedInYearOrder) {
-    pugi::xml_node entry = yearEntry(session.index.node(), "2027");
-    entry.parent().remove_child(entry);
-    session.saveIndex();
-
+TEST_F(NextYearTest, AnIndexEntryIsCompletedOrAddedInYearOrder) {
+    removeEntry("2027");
     ASSERT_TRUE(OnToolsMakenextyear(session, "tallix2027.xml"));
 
     Document index = Document::load(session.indexPath());
     pugi::xml_node added = yearEntry(index.node(), "2027");
-    ASSERT_TRUE(added);
-    EXPECT_EQ(childText(added, 0), "tallix2027.xml");
-    EXPECT_EQ(childText(added, 1), "initialized");
+    EXPECT_EQ(textsOf(added), (Texts{"tallix2027.xml", "initialized"}));
     EXPECT_EQ(attributeText("year", added.previous_sibling()), "2026");
     EXPECT_EQ(attributeText("year", added.next_sibling()), "2028");
+
+    // An entry that lacks its status gains one.
+    session.openDataFile("tallix2026.xml");
+    session.setYear(2026);
+    pugi::xml_node bare = yearEntry(session.index.node(), "2027");
+    bare.remove_child("status");
+    session.saveIndex();
+    ASSERT_TRUE(OnToolsMakenextyear(session, "next.xml"));
+    EXPECT_EQ(textsOf(yearEntry(Document::load(session.indexPath()).node(), "2027")),
+              (Texts{"next.xml", "initialized"}));
 }
 
 TEST_F(NextYearTest, MakingNextYearTwiceWithOneNameOverwritesTheFirst) {
@@ -131,57 +144,6 @@ TEST_F(NextYearTest, MakingNextYearTwiceWithOneNameOverwritesTheFirst) {
     EXPECT_EQ(yearLookup(Document::load(session.indexPath()).node(), "2027"), "tallix2027.xml");
 }
 
-TEST_F(NextYearTest, EveryMonthHoldsOnlyItsBlankLine) {
-    ASSERT_TRUE(OnToolsMakenextyear(session, "tallix2027.xml"));
-    Document made = Document::load(session.filePath);
-    for (int m = 1; m <= 12; ++m) {
-        std::vector<pugi::xml_node> lines =
-            selectAll(made.node(), paths::kMonthByName, monthName(m), paths::kCloseChildren);
-        ASSERT_EQ(lines.size(), 1u) << monthName(m);
-        EXPECT_EQ(attributeText("line", lines[0]), "1");
-        std::vector<pugi::xml_node> fields = elementChildren(lines[0]);
-        ASSERT_EQ(fields.size(), 12u);
-        EXPECT_STREQ(fields[0].name(), "day");
-        EXPECT_STREQ(fields[4].name(), "categoty");
-        EXPECT_STREQ(fields[11].name(), "typeofentry");
-        for (size_t i = 0; i < fields.size(); ++i)
-            EXPECT_EQ(nodeText(fields[i]), i == 0 ? "1" : i == 11 ? "debit" : "") << i;
-    }
-}
-
-TEST_F(NextYearTest, ClosingsBecomeLastYearsClosingAndThePlanRollsOver) {
-    // December's closings as a year's updates leave them.
-    setNodeText(elementChildren(bankColumn(session.data, 1)).back(), "5120.40");
-    setNodeText(elementChildren(bankColumn(session.data, 2)).back(), "5200.00");
-    pugi::xml_node visa = requireOne(session.data.node(), paths::kInstitutionName, "Visa");
-    setNodeText(elementChildren(visa).back(), "-310.15");
-    setChildText(planMonth(session.data, "Mortgage", 4), 4, "no entry");
-
-    ASSERT_TRUE(OnToolsMakenextyear(session, "tallix2027.xml"));
-    Document made = Document::load(session.filePath);
-
-    EXPECT_EQ(childText(bankColumn(made, 1), 1), "5120.40");
-    EXPECT_EQ(childText(bankColumn(made, 2), 1), "5200.00");
-    visa = requireOne(made.node(), paths::kInstitutionName, "Visa");
-    EXPECT_EQ(childText(visa, 2), "-310.15");
-    EXPECT_EQ(childText(visa, 3), "21.99");  // apr, closing and due day stay
-    for (size_t i = 6; i < 18; ++i)
-        EXPECT_EQ(childText(visa, i), "0");
-    for (size_t i = 2; i < 14; ++i)
-        EXPECT_EQ(childText(bankColumn(made, 1), i), "0");
-
-    // Mortgage is an "auto" expense paid every month of 2026.
-    pugi::xml_node january = planMonth(made, "Mortgage", 1);
-    EXPECT_EQ(childText(january, 1), "0");
-    EXPECT_EQ(childText(january, 2), "0");
-    EXPECT_EQ(childText(january, 3), "1/1/2027");
-    EXPECT_EQ(childText(january, 4), "notpaid");
-    EXPECT_EQ(childText(january, 6), "0");
-    pugi::xml_node april = planMonth(made, "Mortgage", 4);
-    EXPECT_EQ(childText(april, 4), "no entry");
-    EXPECT_EQ(childText(april, 3), "4/1/2026");  // a month left out keeps its date
-}
-
 // The carry-over rules on a small year, one of each kind of entry.
 constexpr const char* kSmallYear = R"(<tallix>
   <financial-institutions>
@@ -192,7 +154,8 @@ constexpr const char* kSmallYear = R"(<tallix>
         <outstanding><title>O</title><lastyearclosing>7</lastyearclosing><closing>8</closing><closing>9</closing></outstanding>
       </bankaccount></name></names></financial-institution>
     <financial-institution id="creditcards"><names><name id="Old">
-      <type>creditcards</type><columnname>0</columnname><lastyearclosing>1</lastyearclosing><apr>2</apr><closingday>3</closingday><dueday>4</dueday><closing>5</closing>
+      <type>creditcards</type><columnname>0</columnname><lastyearclosing>1</lastyearclosing><apr>2</apr><closingday>3</closingday><dueday>4</dueday><closing>5</closing></name>
+      <name id="Visa"><type>creditcards</type><columnname>Visa</columnname><lastyearclosing>1</lastyearclosing><apr>2</apr><closingday>3</closingday><dueday>4</dueday><closing>5</closing><closing>6</closing>
     </name></names></financial-institution>
   </financial-institutions>
   <catagories><category id="C"><type>category</type><numberItems>2</numberItems><names>
@@ -214,15 +177,6 @@ constexpr const char* kSmallYear = R"(<tallix>
   </months></name></receivables>
 </tallix>)";
 
-std::vector<std::string> textsOf(pugi::xml_node node) {
-    std::vector<std::string> texts;
-    for (pugi::xml_node child : elementChildren(node))
-        texts.push_back(nodeText(child));
-    return texts;
-}
-
-using Texts = std::vector<std::string>;
-
 TEST(CarryOver, FollowsTheRulesForEachKindOfEntry) {
     Document doc = Document::parse(kSmallYear, "small year");
     ASSERT_FALSE(doc.loadFailed());
@@ -235,6 +189,8 @@ TEST(CarryOver, FollowsTheRulesForEachKindOfEntry) {
     EXPECT_EQ(textsOf(childAt(account, 3)), (Texts{"O", "7", "8", "9"}));  // left as it was
     EXPECT_EQ(textsOf(requireOne(root, paths::kInstitutionName, "Old")),
               (Texts{"creditcards", "0", "1", "2", "3", "4", "5"}));
+    EXPECT_EQ(textsOf(requireOne(root, paths::kInstitutionName, "Visa")),
+              (Texts{"creditcards", "Visa", "6", "2", "3", "4", "0", "0"}));
 
     pugi::xml_node gym = requireOne(root, paths::kExpense, "Gym");
     EXPECT_EQ(childText(gym, 5), "0");
@@ -263,11 +219,15 @@ TEST(CarryOver, FollowsTheRulesForEachKindOfEntry) {
 }
 
 TEST(CarryOver, DatesMoveToTheNewYearOnlyWhenTheyAreDates) {
-    EXPECT_EQ(dateInYear("12/31/2026", 2027), "12/31/2027");
-    EXPECT_EQ(dateInYear("3/4", 2027), "3/4/2027");
-    EXPECT_EQ(dateInYear("0", 2027), "0");
-    EXPECT_EQ(dateInYear("", 2027), "");
-    EXPECT_EQ(dateInYear("soon", 2027), "soon");
+    const std::pair<const char*, const char*> cases[] = {{"12/31/2026", "12/31/2027"},
+                                                         {"3/4", "3/4/2027"},
+                                                         {"0", "0"},
+                                                         {"", ""},
+                                                         {"soon", "soon"},
+                                                         {"/5/2026", "/5/2026"},
+                                                         {"12//2026", "12//2026"}};
+    for (const auto& [date, moved] : cases)
+        EXPECT_EQ(dateInYear(date, 2027), moved) << date;
 }
 
 }  // namespace

@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "app/first_run.h"
-#include "app/session.h"
+#include "app/data_folder.h"
 #include "app/year_files.h"
-#include "data/node_text.h"
 #include "data/query.h"
-#include "data/year_lookup.h"
-#include "support/scripted.h"
-#include "support/temp_dir.h"
 
 namespace tallix {
 namespace {
@@ -15,43 +10,7 @@ namespace {
 using test::readFile;
 using test::writeFile;
 
-// A data folder as a first run leaves it, on 15 March 2026.
-class YearFilesTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        env.root = tmp / "root";
-        env.documents = tmp / "docs";
-        installMissingFiles(session.dataFolder(), env.documents);
-        loadOrCreateIndex(session);
-    }
-
-    // Gives `year` the entry (file, status) and saves the index.
-    void setEntry(const std::string& year, const std::string& file, const std::string& status) {
-        pugi::xml_node entry = yearEntry(session.index.node(), year);
-        ASSERT_TRUE(entry) << year;
-        setChildText(entry, 0, file);
-        setChildText(entry, 1, status);
-        session.saveIndex();
-    }
-    void removeEntry(const std::string& year) {
-        pugi::xml_node entry = yearEntry(session.index.node(), year);
-        entry.parent().remove_child(entry);
-        session.saveIndex();
-    }
-    void makeYearFile(const std::string& name) {
-        std::filesystem::copy_file(session.inDataFolder("blank_tallix.xml"),
-                                   session.inDataFolder(name));
-    }
-    std::string indexEntryText(const std::string& year, size_t child) {
-        Document onDisk = Document::load(session.indexPath());
-        return childText(yearEntry(onDisk.node(), year), child);
-    }
-
-    test::TempDir tmp;
-    test::FixedEnvironment env;
-    test::ScriptedPrompter prompter;
-    Session session{env, prompter};
-};
+using YearFilesTest = test::DataFolderTest;
 
 TEST_F(YearFilesTest, FirstRunInstallsTemplatesAndCreatesTheIndexFromTheFirstTemplate) {
     EXPECT_TRUE(std::filesystem::exists(session.inDataFolder("blank_tallix.xml")));
@@ -81,22 +40,13 @@ TEST_F(YearFilesTest, AnUnreadableIndexIsKeptAsideWhenTheFirstTemplateReplacesIt
     EXPECT_EQ(readFile(aside), "<tallix><year year='2026'>");
 }
 
-TEST_F(YearFilesTest, StartupOpensTheIndexedFileWithoutAsking) {
+TEST_F(YearFilesTest, StartupTakesTheIndexedFileOrTheLookupTextWithoutAsking) {
     setEntry("2026", "tallix2026.xml", "initialized");
     EXPECT_EQ(chooseStartupFile(session), "tallix2026.xml");
+    removeEntry("2026");
+    EXPECT_EQ(chooseStartupFile(session), "no entry for year 2026");
     EXPECT_TRUE(prompter.shown.empty());
     EXPECT_EQ(session.year, 2026);
-}
-
-TEST_F(YearFilesTest, StartupWithoutAnEntryUsesTheLookupTextAsFileName) {
-    removeEntry("2026");
-    std::string name = chooseStartupFile(session);
-    EXPECT_EQ(name, "no entry for year 2026");
-    EXPECT_TRUE(prompter.shown.empty());
-    testing::internal::CaptureStdout();
-    session.openDataFile(name);
-    EXPECT_NE(testing::internal::GetCapturedStdout().find("Failed to load DOM"), std::string::npos);
-    EXPECT_TRUE(session.data.loadFailed());
 }
 
 TEST_F(YearFilesTest, StartupWithoutAFileOffersThePreviousYear) {
@@ -145,7 +95,7 @@ TEST_F(YearFilesTest, DecliningTheBlankYearLeavesNoFileToOpen) {
 
 TEST_F(YearFilesTest, AnEmptyPreviousYearAsksToLocateAFileOrStartsBlank) {
     // Only an empty year text yields exactly "no entry for year ".
-    makeYearFile("old.xml");
+    addYearFile("old.xml");
     prompter.answers = {Answer::Yes};
     prompter.files = {session.inDataFolder("old.xml")};
     testing::internal::CaptureStdout();
@@ -164,14 +114,19 @@ TEST_F(YearFilesTest, AnEmptyPreviousYearAsksToLocateAFileOrStartsBlank) {
     EXPECT_EQ(readFile(session.indexPath()), index);
 }
 
-TEST_F(YearFilesTest, GetfileRecordsThePickedFileInTheIndex) {
-    makeYearFile("household.xml");
+TEST_F(YearFilesTest, GetfileRecordsThePickedFileInTheIndexOrNothingWhenCancelled) {
+    std::string before = readFile(session.indexPath());
+    prompter.files = {std::nullopt};
+    EXPECT_EQ(getfile(session, "2024"), "");
+    EXPECT_EQ(readFile(session.indexPath()), before);
+
+    addYearFile("household.xml");
     prompter.files = {session.inDataFolder("household.xml")};
     EXPECT_EQ(getfile(session, "2024"), "household.xml");
     EXPECT_EQ(indexEntryText("2024", 0), "household.xml");
     EXPECT_EQ(indexEntryText("2024", 1), "initialized");
     EXPECT_FALSE(session.data.loadFailed());
-    EXPECT_EQ(yearLookup(session.index.node(), "2024"), "household.xml");
+    EXPECT_TRUE(prompter.shown.empty());
 }
 
 TEST_F(YearFilesTest, GetfileCopiesAFileFromElsewhereIntoTheDataFolder) {
@@ -188,16 +143,8 @@ TEST_F(YearFilesTest, GetfileCopiesAFileFromElsewhereIntoTheDataFolder) {
     EXPECT_NE(readFile(session.inDataFolder("away.xml")), "<tallix/>");
 }
 
-TEST_F(YearFilesTest, ACancelledPickChangesNothing) {
-    std::string before = readFile(session.indexPath());
-    prompter.files = {std::nullopt};
-    EXPECT_EQ(getfile(session, "2024"), "");
-    EXPECT_EQ(readFile(session.indexPath()), before);
-    EXPECT_TRUE(prompter.shown.empty());
-}
-
 TEST_F(YearFilesTest, TheYearsMenuSwitchesToAnIndexedYear) {
-    makeYearFile("tallix2024.xml");
+    addYearFile("tallix2024.xml");
     setEntry("2024", "tallix2024.xml", "initialized");
     EXPECT_TRUE(processprevyearrequest(session, "2024"));
     EXPECT_EQ(session.year, 2024);
@@ -216,7 +163,7 @@ TEST_F(YearFilesTest, TheYearsMenuAsksForAFileWhereTheYearHasNone) {
     EXPECT_EQ(session.year, 2026);
 
     // An entry without a file asks the same question; Yes picks one.
-    makeYearFile("picked.xml");
+    addYearFile("picked.xml");
     prompter.answers = {Answer::Yes};
     prompter.files = {session.inDataFolder("picked.xml")};
     EXPECT_TRUE(processprevyearrequest(session, "2027"));
@@ -225,24 +172,40 @@ TEST_F(YearFilesTest, TheYearsMenuAsksForAFileWhereTheYearHasNone) {
     EXPECT_EQ(indexEntryText("2027", 0), "picked.xml");
 }
 
-TEST_F(YearFilesTest, TheYearsMenuOnAYearWithoutEntryOpensNothing) {
+TEST_F(YearFilesTest, TheYearsMenuOpensTheLookupTextOrReportsAnError) {
     testing::internal::CaptureStdout();
     EXPECT_TRUE(processprevyearrequest(session, "2031"));
-    EXPECT_NE(testing::internal::GetCapturedStdout().find("Failed to load DOM"), std::string::npos);
+    testing::internal::GetCapturedStdout();
     EXPECT_EQ(session.fileName, "no entry for year 2031");
     EXPECT_TRUE(session.data.loadFailed());
-}
 
-TEST_F(YearFilesTest, TheYearsMenuReportsAnErrorAndKeepsTheYear) {
+    session.setYear(2026);
     EXPECT_FALSE(processprevyearrequest(session, "twenty"));
-    EXPECT_EQ(prompter.shown.back(), "runtime error in processprevyearrequest() ");
+    EXPECT_EQ(prompter.shown,
+              (std::vector<std::string>{"runtime error in processprevyearrequest() "}));
     EXPECT_EQ(session.year, 2026);
 }
 
-TEST(YearsMenu, ListsTheNineYears) {
-    std::vector<std::string> expected = {"2022", "2023", "2024", "2025", "2026",
-                                         "2027", "2028", "2029", "2030"};
-    EXPECT_EQ(yearsMenuItems(), expected);
+TEST(YearsMenu, ListsTheYears2022To2030) {
+    EXPECT_EQ(yearsMenuItems(), (std::vector<std::string>{"2022", "2023", "2024", "2025", "2026",
+                                                          "2027", "2028", "2029", "2030"}));
+}
+
+// Today's date is only trusted when it is a real calendar date.
+TEST(SessionToday, IsValidOnlyForCalendarDates) {
+    const std::pair<Date, bool> cases[] = {
+        {{2026, 1, 1}, true},   {{2026, 12, 31}, true}, {{2026, 1, 31}, true},
+        {{2024, 2, 29}, true},  {{2000, 2, 29}, true},  {{2026, 2, 29}, false},
+        {{1900, 2, 29}, false}, {{2026, 4, 31}, false}, {{2026, 0, 5}, false},
+        {{2026, 13, 1}, false}, {{2026, 5, 0}, false},
+    };
+    for (const auto& [date, valid] : cases) {
+        test::FixedEnvironment env;
+        env.date = date;
+        test::ScriptedPrompter prompter;
+        Session session(env, prompter);
+        EXPECT_EQ(session.todayValid, valid) << date.year << "-" << date.month << "-" << date.day;
+    }
 }
 
 }  // namespace

@@ -1,16 +1,14 @@
 // tallix-cli show and update-all, run as processes on a copy of
 // tests/fixtures/march_register.xml.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <sstream>
 #include <string>
 
+#include "cli/run_cli.h"
 #include "data/document.h"
 #include "data/node_text.h"
 #include "data/query.h"
-#include "support/temp_dir.h"
 
 namespace tallix {
 namespace {
@@ -25,13 +23,11 @@ class RegisterCommands : public ::testing::Test {
     // for the copy of the year file.
     int run(std::string arguments) {
         for (size_t at; (at = arguments.find("FILE")) != std::string::npos;)
-            arguments.replace(at, 4, "'" + file.string() + "'");
-        std::string command = std::string("'") + TALLIX_CLI_PATH + "' " + arguments + " >'" +
-                              (dir / "out").string() + "' 2>'" + (dir / "err").string() + "'";
-        int raw = std::system(command.c_str());
-        out = test::readFile(dir / "out");
-        err = test::readFile(dir / "err");
-        return WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+            arguments.replace(at, 4, test::shellQuoted(file));
+        test::CliRun done = test::runCli(arguments);
+        out = done.out;
+        err = done.err;
+        return done.status;
     }
 
     std::string savedClosing(const std::string& bank, size_t group, size_t child) {

@@ -1,61 +1,11 @@
-// The plan lists read from a small year fragment written inline.
+// The plan lists read from a small year written inline.
 #include <gtest/gtest.h>
 
 #include "reference/plan_lists.h"
+#include "reference/plan_year.h"
 
 namespace tallix {
 namespace {
-
-// One expense month entry: name, amount, datepaid, duedate, status, type, check.
-std::string month(const std::string& name, const std::string& amount, const std::string& check) {
-    return "<month><name>" + name + "</name><amount>" + amount +
-           "</amount><datepaid>3/2</datepaid><duedate>3/5</duedate><status>paid</status>"
-           "<type>auto</type><check>" +
-           check + "</check></month>";
-}
-
-std::string twelveMonths() {
-    static const char* names[] = {"January",   "February", "March",    "April",
-                                  "May",       "June",     "July",     "August",
-                                  "September", "October",  "November", "December"};
-    std::string out;
-    for (int m = 0; m < 12; ++m)
-        out += month(names[m], std::to_string(m + 1) + "0.00", m == 2 ? "1042" : "");
-    return out;
-}
-
-std::string yearFragment() {
-    return "<tallix><catagories>"
-           "<category id=\"Food\"><type>category</type><numberItems>2</numberItems><names>"
-           "<name id=\"Trader Joe's\"><!-- weekly shop --><category>Food</category>"
-           "<type>recurring</type><account>Checking</account><closingday>15</closingday>"
-           "<institution>First National</institution><reset>no</reset><amount>120.00</amount>"
-           "<months>" +
-           twelveMonths() +
-           "</months></name>"
-           "<name id=\"Bakery\"><category>Food</category><type>accumulate</type></name>"
-           "</names></category>"
-           "<category id=\"Gifts\"><type>category</type><numberItems>0</numberItems><names/>"
-           "</category>"
-           "<category id=\"Car\"><type>category</type><numberItems>1</numberItems><names>"
-           "<name id=\"Bakery\"><category>Car</category><type>auto</type></name>"
-           "</names></category></catagories>"
-           "<income><name id=\"Salary\"><institution>First National</institution>"
-           "<account>Checking</account><type>auto day</type><dayordate>day</dayordate>"
-           "<daynumber>1</daynumber><amount>2500.00</amount><months/></name>"
-           "<name id=\"Pat's pension\"><institution>Credit Union</institution>"
-           "<account>Share Draft</account><type>posted</type><dayordate/><daynumber/>"
-           "<amount>800.00</amount><months/></name></income>"
-           "<receivables><revenue><line/><amount/><datepaid/><duedate/><status/><type/><check/>"
-           "</revenue><name id=\"O'Neil\"><number>C-7</number><institution>Credit Union"
-           "</institution><account>Share Draft</account><amount>45.00</amount><months>"
-           "<month><item><line>4</line><amount>45.00</amount><datepaid>1/9</datepaid>"
-           "<duedate>1/10</duedate><status>paid</status><type>receivable</type><check>88</check>"
-           "</item></month><month/>"
-           "<month><item><line>2</line><amount>10.00</amount></item>"
-           "<item><line>9</line><amount>35.00</amount></item></month>"
-           "</months></name></receivables></tallix>";
-}
 
 using Texts = std::vector<std::string>;
 
@@ -66,8 +16,7 @@ Texts texts(const PlanEntryRow& e) {
 class PlanListsTest : public ::testing::Test {
   protected:
     void SetUp() override {
-        ASSERT_TRUE(
-            doc_.load_string(yearFragment().c_str(), pugi::parse_default | pugi::parse_comments));
+        ASSERT_TRUE(doc_.load_string(test::kPlanYear, pugi::parse_default | pugi::parse_comments));
     }
     pugi::xml_node data() const { return doc_; }
     pugi::xml_document doc_;
@@ -77,10 +26,10 @@ TEST_F(PlanListsTest, ExpenseTreeKeepsFileOrderAndEmptyCategories) {
     const std::vector<CategoryExpenses> tree = expenseTree(data());
     ASSERT_EQ(tree.size(), 3u);
     EXPECT_EQ(tree[0].category, "Food");
-    EXPECT_EQ(tree[0].expenses, (std::vector<std::string>{"Trader Joe's", "Bakery"}));
+    EXPECT_EQ(tree[0].expenses, (Texts{"Trader Joe's", "Bakery"}));
     EXPECT_EQ(tree[1].category, "Gifts");
     EXPECT_TRUE(tree[1].expenses.empty());
-    EXPECT_EQ(tree[2].expenses, (std::vector<std::string>{"Bakery"}));
+    EXPECT_EQ(tree[2].expenses, (Texts{"Bakery"}));
 }
 
 TEST_F(PlanListsTest, ExpenseDetailsReadFieldsByPositionPastComments) {
@@ -89,18 +38,17 @@ TEST_F(PlanListsTest, ExpenseDetailsReadFieldsByPositionPastComments) {
     EXPECT_EQ(
         Texts({d->name, d->category, d->type, d->account, d->closingDay, d->institution,
                d->repeatingAmount}),
-        Texts({"Trader Joe's", "Food", "recurring", "Checking", "15", "First National", "120.00"}));
-    ASSERT_EQ(d->months.size(), 12u);
-    EXPECT_EQ(d->months[0].amount, "10.00");
-    EXPECT_EQ(d->months[11].amount, "120.00");
-    EXPECT_EQ(texts(d->months[2]), Texts({"30.00", "3/2", "3/5", "paid", "auto", "1042"}));
+        Texts({"Trader Joe's", "Food", "recurring", "Savings", "15", "First National", "120.00"}));
+    ASSERT_EQ(d->months.size(), 2u);
+    EXPECT_EQ(texts(d->months[0]), Texts({"100.00", "1/3", "1/5", "paid", "auto", "1042"}));
+    // Fields a short entry lacks read as empty.
+    EXPECT_EQ(texts(d->months[1]), Texts({"90.00", "", "", "", "", ""}));
 }
 
 TEST_F(PlanListsTest, ExpenseDetailsLookInTheNamedCategoryOnly) {
     // The same expense name in two categories is two different expenses.
     EXPECT_EQ(expenseDetails(data(), "Food", "Bakery")->type, "accumulate");
     EXPECT_EQ(expenseDetails(data(), "Car", "Bakery")->type, "auto");
-    // Fields a short entry lacks read as empty.
     EXPECT_EQ(expenseDetails(data(), "Car", "Bakery")->repeatingAmount, "");
     EXPECT_TRUE(expenseDetails(data(), "Car", "Bakery")->months.empty());
     EXPECT_FALSE(expenseDetails(data(), "Gifts", "Bakery").has_value());
@@ -115,13 +63,14 @@ TEST_F(PlanListsTest, IncomeSourcesAndCustomers) {
     const IncomeSource& pension = income[1];
     EXPECT_EQ(
         Texts({pension.name, pension.institution, pension.account, pension.type, pension.amount}),
-        Texts({"Pat's pension", "Credit Union", "Share Draft", "posted", "800.00"}));
+        Texts({"Pat's pension", "First National", "Checking", "posted", "800.00"}));
 
     const std::vector<Customer> list = customers(data());
-    ASSERT_EQ(list.size(), 1u);  // the revenue template is not a customer
+    ASSERT_EQ(list.size(), 2u);  // the revenue template is not a customer
     const Customer& c = list[0];
     EXPECT_EQ(Texts({c.name, c.number, c.institution, c.account, c.amount}),
               Texts({"O'Neil", "C-7", "Credit Union", "Share Draft", "45.00"}));
+    EXPECT_EQ(list[1].name, "Acme");
 }
 
 TEST_F(PlanListsTest, ReceivableRowsCarryTheirMonthAndLine) {
@@ -134,6 +83,7 @@ TEST_F(PlanListsTest, ReceivableRowsCarryTheirMonthAndLine) {
     EXPECT_EQ(rows[2].month, "March");
     EXPECT_EQ(rows[2].line, "9");
     EXPECT_EQ(rows[2].entry.amount, "35.00");
+    EXPECT_TRUE(receivableRows(data(), "Acme").empty());
     EXPECT_TRUE(receivableRows(data(), "Nobody").empty());
 }
 

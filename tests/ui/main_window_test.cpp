@@ -1,203 +1,266 @@
+// The main window on the sample year: its start-up, month buttons, grid,
+// menus, picture buttons, exit and the dialogs of its Tools menu. What each
+// command does to the year is the core's business; here each must reach the
+// core and show its result.
 #include <gtest/gtest.h>
 
-#include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTableWidget>
 #include <QToolButton>
+#include <string>
 
 #include "app/backups.h"
-#include "app/session.h"
+#include "app/next_year.h"
 #include "app/year_files.h"
-#include "support/temp_dir.h"
-#include "ui/grid_model.h"
-#include "ui/month_buttons.h"
+#include "register/cell_colours.h"
+#include "reports/reports.h"
+#include "ui/nextyear_dlg.h"
 #include "ui/picture_buttons.h"
+#include "ui/recurring_dlg.h"
 #include "ui/sample_year.h"
-#include "ui/tallix_dlg.h"
 
 namespace tallix {
 namespace {
 
 using test::readFile;
+using test::writeFile;
+using Texts = std::vector<std::string>;
 
-class MainWindowTest : public test::SampleYearTest {};
+class MainWindowTest : public test::WindowTest {
+  protected:
+    // The year file with the lines of `month` taken out, written to `file`.
+    void emptyMonth(const std::string& month, const std::filesystem::path& file) {
+        std::string xml = readFile(yearFile());
+        const std::string open = "<month month=\"" + month + "\" id=\"" + month + "\">";
+        size_t from = xml.find(open);
+        xml.replace(from, xml.find("</month>", from) - from, open);
+        writeFile(file, xml);
+    }
+    static std::string noLines(const std::string& month) {
+        return "You tying to load the month of " + month +
+               " which has no entries and its not the current calendar month";
+    }
+};
 
-TEST_F(MainWindowTest, StartsOnTheCurrentMonthOfTheSampleYear) {
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
+TEST_F(MainWindowTest, StartUpShowsTheCurrentMonthWithItsBalances) {
+    start();
     EXPECT_TRUE(prompter.shown.empty());
     EXPECT_EQ(window.windowTitle(), "November 2026");
     EXPECT_EQ(window.monthButtons()->pressed(), 11);
-    EXPECT_EQ(face(window.monthButtons()->button(11)), ui::MonthButtons::kPressedFace);
+    EXPECT_EQ(monthFace(11), ui::MonthButtons::kPressedFace);
+
+    ui::GridModel* model = window.gridModel();
+    EXPECT_EQ(model->rowCount(), linesOf("November") + 1);
+    EXPECT_EQ(model->columnCount(), 24);
+    EXPECT_EQ(model->headerData(13, Qt::Horizontal).toString(), "FN Register");
+    expectGridShowsTheFile();
+
+    // Every cell in the colours the register rules give it.
+    for (int r = 0; r < model->rowCount(); ++r)
+        for (int c = 0; c < model->columnCount(); ++c) {
+            const CellColours want = cellColours(r, c, session.view);
+            for (auto [role, rgb] : {std::pair{Qt::BackgroundRole, want.background},
+                                     std::pair{Qt::ForegroundRole, want.text}}) {
+                const QVariant got = model->index(r, c).data(role);
+                if (rgb)
+                    EXPECT_EQ(got.value<QBrush>().color(), QColor(rgb->red, rgb->green, rgb->blue))
+                        << r << "," << c;
+                else
+                    EXPECT_FALSE(got.isValid()) << r << "," << c;
+            }
+        }
+
+    // Columns are as many characters wide as their definitions say.
+    QTableView* grid = window.grid();
+    EXPECT_EQ(grid->columnWidth(0), 1);
+    QFontMetrics metrics(grid->font());
+    for (auto [column, widest] : std::vector<std::pair<int, QString>>{
+             {1, "Wed"}, {9, "Riverside Garden Club"}, {10, "First National"}, {13, "-1943.-60"}})
+        EXPECT_GE(grid->columnWidth(column), metrics.horizontalAdvance(widest) + 6) << column;
+    EXPECT_GT(grid->columnWidth(4), grid->columnWidth(5));  // 22 characters against 10
+    EXPECT_TRUE(grid->verticalHeader()->isHidden());
 }
 
 TEST_F(MainWindowTest, AFirstRunCreatesTheIndexAndFollowsTheYearPrompts) {
     std::filesystem::remove(env.root / "tallix" / "tallix.xml");
     env.cloud.reset();
     prompter.answers = {Answer::No, Answer::Yes};  // not the previous year; a blank one
-    ui::CTallixDlg window(session);
     testing::internal::CaptureStdout();
-    window.OnInitDialog();
+    start();
     testing::internal::GetCapturedStdout();
 
     EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix.xml"));
-    EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "first_tallix.xml"));
-    std::vector<std::string> expected = {
-        year_texts::kNoFileForCurrentYear, year_texts::kLoadPreviousYear,
-        year_texts::kLoadBlankForThisYear, backup_texts::kNoCloudDrive};
-    EXPECT_EQ(prompter.shown, expected);
+    EXPECT_EQ(prompter.shown,
+              (Texts{year_texts::kNoFileForCurrentYear, year_texts::kLoadPreviousYear,
+                     year_texts::kLoadBlankForThisYear, backup_texts::kNoCloudDrive}));
     EXPECT_EQ(session.fileName, "blank_tallix.xml");
     EXPECT_EQ(window.windowTitle(), "November 2026");
 }
 
-TEST_F(MainWindowTest, AMonthButtonTurnsGreenAndThePreviousOneBack) {
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
-    window.show();
-    QTest::mouseClick(window.monthButtons()->button(3), Qt::LeftButton);
-    EXPECT_EQ(face(window.monthButtons()->button(3)), ui::MonthButtons::kPressedFace);
-    EXPECT_EQ(face(window.monthButtons()->button(11)), ui::MonthButtons::kFace);
+TEST_F(MainWindowTest, AMonthButtonShowsThatMonthAndTurnsGreen) {
+    start();
+    clickMonth(3);
+    EXPECT_TRUE(prompter.shown.empty());
     EXPECT_EQ(window.windowTitle(), "March 2026");
-    EXPECT_EQ(window.monthButtons()->button(1)->text(), "JANUARY");
-    EXPECT_EQ(window.monthButtons()->button(9)->text(), "SEPTEMBER");
+    EXPECT_EQ(session.view.rememberedRow, 31);
+    expectGridShowsTheFile(3);
+    EXPECT_EQ(monthFace(3), ui::MonthButtons::kPressedFace);
+    EXPECT_EQ(monthFace(11), ui::MonthButtons::kFace);
+
+    clickMonth(11);
+    EXPECT_EQ(window.windowTitle(), "November 2026");
+    EXPECT_EQ(window.gridModel()->rowCount(), linesOf("November") + 1);
 }
 
-TEST_F(MainWindowTest, TheCustomersMenuListsTheCustomersInFileOrder) {
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
-    ASSERT_NE(window.customersMenu(), nullptr);
-    EXPECT_EQ(itemTexts(window.customersMenu()),
-              (QStringList{"Maple Street Bakery", "Riverside Garden Club"}));
-    QList<QAction*> items = window.customersMenu()->actions();
-    EXPECT_EQ(items[0]->data().toInt(), 2000);
-    EXPECT_EQ(items[1]->data().toInt(), 2001);
+TEST_F(MainWindowTest, AMonthWithoutLinesIsRefusedAndTheGridKeepsItsMonth) {
+    emptyMonth("December", yearFile());
+    start();
+    const int rows = window.gridModel()->rowCount();
+    clickMonth(12);
 
-    // Choosing one changes nothing.
-    std::string before = readFile(session.filePath);
-    items[1]->trigger();
-    EXPECT_EQ(readFile(session.filePath), before);
+    EXPECT_EQ(prompter.shown, Texts{noLines("December")});
+    EXPECT_EQ(window.windowTitle(), "November 2026");
+    EXPECT_EQ(window.gridModel()->rowCount(), rows);
+    EXPECT_EQ(cell(0, 4), "Acme Payroll");
+    EXPECT_EQ(session.view.lineCount, rows - 1);  // the starting row is still the last row
+    // The green button and the month that commands act on stay November.
+    EXPECT_EQ(monthFace(11), ui::MonthButtons::kPressedFace);
+    EXPECT_NE(monthFace(12), ui::MonthButtons::kPressedFace);
+    EXPECT_EQ(session.month, 11);
+}
+
+TEST_F(MainWindowTest, UpdateAllMonthsLeavesDecemberDisplayedAndNovembersButtonPressed) {
+    start();
+    item(2, "Update all months")->trigger();
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_EQ(window.windowTitle(), "December 2026");
+    EXPECT_EQ(window.gridModel()->rowCount(), linesOf("December") + 1);
+    EXPECT_FALSE(isBlankCell(cell(0, 13)));  // November's closing carried in
+    EXPECT_EQ(window.monthButtons()->pressed(), 11);
+    EXPECT_EQ(monthFace(12), ui::MonthButtons::kFace);
+}
+
+TEST_F(MainWindowTest, RefreshFromTheMenuOrTheButtonShowsTheFileAsItIsOnDisk) {
+    start();
+    ASSERT_EQ(cell(0, 9), "Payroll");
+    auto replaceOnDisk = [&](const std::string& from, const std::string& to) {
+        std::string xml = readFile(yearFile());
+        xml.replace(xml.find(from, xml.find("month=\"November\"")), from.size(), to);
+        writeFile(yearFile(), xml);
+    };
+    replaceOnDisk("<description>Payroll</description>", "<description>Bonus</description>");
+    item(2, "Refresh")->trigger();
+    EXPECT_EQ(cell(0, 9), "Bonus");
+
+    replaceOnDisk("<expense>Water</expense>", "<expense>Electric</expense>");
+    window.pictureButtons()->button(ui::PictureButtons::kRefresh)->click();
+    EXPECT_EQ(cell(1, 4), "Electric");
     EXPECT_TRUE(prompter.shown.empty());
 }
 
-TEST_F(MainWindowTest, TheCustomersMenuIsEmptyWithoutCustomers) {
-    std::string xml = readFile(env.root / "tallix" / "tallix2026.xml");
+TEST_F(MainWindowTest, TheUpdateButtonRecomputesTheMonthFromTheDocumentAndKeepsTheScroll) {
+    start();
+    const double before = std::stod(cell(0, 13));
+    // The pay line brings 100.00 more into the checking register.
+    pugi::xml_node pay = monthLines(session.data.node(), "November").front();
+    setChildText(pay, 2, "3344.50");
+    window.resize(800, 400);
+    QScrollBar* scroll = window.grid()->verticalScrollBar();
+    ASSERT_GT(scroll->maximum(), 0);
+    scroll->setValue(scroll->maximum());
+    window.pictureButtons()->button(ui::PictureButtons::kUpdate)->click();
+    EXPECT_EQ(scroll->value(), scroll->maximum());
+
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_EQ(cell(0, 5), "3344.50");
+    EXPECT_NEAR(std::stod(cell(0, 13)) - before, 100.0, 1e-6);
+    EXPECT_NE(readFile(yearFile()).find("<debit>3344.50</debit>"), std::string::npos);
+}
+
+TEST_F(MainWindowTest, TheYearsMenuSwitchesToThatYearsMonth) {
+    emptyMonth("November", env.root / "tallix" / "tallix2025.xml");
+    writeFile(env.root / "tallix" / "tallix.xml",
+              "<tallix><year year=\"2025\"><file>tallix2025.xml</file><status/></year>"
+              "<year year=\"2026\"><file>tallix2026.xml</file><status/></year></tallix>");
+    start();
+    ASSERT_GT(window.gridModel()->rowCount(), 0);
+    item(3, "2025")->trigger();
+    EXPECT_EQ(session.fileName, "tallix2025.xml");
+    EXPECT_EQ(window.windowTitle(), "November 2025");
+    EXPECT_EQ(prompter.shown, Texts{noLines("November")});
+    EXPECT_EQ(window.gridModel()->rowCount(), 0);
+    EXPECT_EQ(session.view.lineCount, 0);  // nothing of 2026's November is left to edit
+}
+
+TEST_F(MainWindowTest, TheMenusHoldEveryCommandAndTheUnbuiltOnesSaySo) {
+    start();
+    QStringList bar;
+    for (QAction* a : window.menuBar()->actions())
+        bar << a->text();
+    EXPECT_EQ(bar, (QStringList{"File", "Manage", "Tools", "Years", "Help", "Data", "Customers"}));
+    EXPECT_EQ(itemTexts(menu(2)), (QStringList{"Refresh", "Recurring expenses", "Reports",
+                                               "Make next year", "Update all months"}));
+    EXPECT_EQ(itemTexts(menu(3)).size(), 9);
+    QMenu* reports = menu(2)->actions()[2]->menu();
+    ASSERT_NE(reports, nullptr);
+    EXPECT_EQ(reports->actions().size(), 4);
+    EXPECT_EQ(itemTexts(window.customersMenu()),
+              (QStringList{"Maple Street Bakery", "Riverside Garden Club"}));
+
+    // Every command that is not built yet says so, and neither they, a
+    // customer nor Save data file changes anything.
+    const std::string before = readFile(session.filePath);
+    const QStringList built = {"Refresh", "Recurring expenses", "Make next year",
+                               "Update all months"};
+    for (int m : {1, 2})
+        for (QAction* a : menu(m)->actions())
+            if (!a->menu() && !built.contains(a->text()))
+                a->trigger();
+    EXPECT_EQ(prompter.shown.size(), 8u);
+    EXPECT_EQ(prompter.shown[0], "\"Expense\" is not available yet in this version of Tallix.");
+    window.customersMenu()->actions()[1]->trigger();
+    prompter.files = {tmp / "chosen.xml"};
+    menu(5)->actions()[0]->trigger();
+    EXPECT_TRUE(prompter.files.empty());
+    EXPECT_FALSE(std::filesystem::exists(tmp / "chosen.xml"));
+    EXPECT_EQ(prompter.shown.size(), 8u);
+    EXPECT_EQ(readFile(session.filePath), before);
+}
+
+TEST_F(MainWindowTest, TheCustomersMenuStaysWithoutCustomers) {
+    std::string xml = readFile(yearFile());
     size_t from = xml.find("<receivables>");
-    size_t to = xml.find("</receivables>");
-    xml.replace(from, to - from, "<receivables>");
-    test::writeFile(env.root / "tallix" / "tallix2026.xml", xml);
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
+    xml.replace(from, xml.find("</receivables>") - from, "<receivables>");
+    writeFile(yearFile(), xml);
+    start();
     ASSERT_NE(window.customersMenu(), nullptr);
     EXPECT_TRUE(window.customersMenu()->actions().isEmpty());
     EXPECT_EQ(window.menuBar()->actions().back()->text(), "Customers");
 }
 
-TEST_F(MainWindowTest, TheMenuBarHoldsEveryCommand) {
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
-    QStringList bar;
-    for (QAction* a : window.menuBar()->actions())
-        bar << a->text();
-    EXPECT_EQ(bar, (QStringList{"File", "Manage", "Tools", "Years", "Help", "Data", "Customers"}));
-    QList<QAction*> top = window.menuBar()->actions();
-    EXPECT_EQ(itemTexts(top[1]->menu()),
-              (QStringList{"Expense", "Category", "Income", "Bank or Institution", "Credit Card",
-                           "Description", "RMD", "Receivables"}));
-    EXPECT_EQ(itemTexts(top[3]->menu()), (QStringList{"2022", "2023", "2024", "2025", "2026",
-                                                      "2027", "2028", "2029", "2030"}));
-    QMenu* reports = top[2]->menu()->actions()[2]->menu();
-    ASSERT_NE(reports, nullptr);
-    EXPECT_EQ(itemTexts(reports),
-              (QStringList{"Expense Year to date totals", "Monthly expense totals",
-                           "Monthly Receivable Totals ", "Receivable Year to date totals"}));
-
-    EXPECT_EQ(itemTexts(top[2]->menu()), (QStringList{"Refresh", "Recurring expenses", "Reports",
-                                                      "Make next year", "Update all months"}));
-
-    // Every command that is not built yet says so and changes nothing.
-    std::string before = readFile(session.filePath);
-    const QStringList built = {"Refresh", "Recurring expenses", "Make next year",
-                               "Update all months"};
-    for (int menu : {1, 2})
-        for (QAction* a : top[menu]->menu()->actions())
-            if (!a->menu() && !built.contains(a->text()))
-                a->trigger();
-    EXPECT_EQ(prompter.shown.size(), 8u);
-    EXPECT_EQ(prompter.shown[0], "\"Expense\" is not available yet in this version of Tallix.");
-    EXPECT_EQ(readFile(session.filePath), before);
-}
-
-TEST_F(MainWindowTest, ThePictureButtonsCarryTheirTooltipsAndImages) {
-    ui::CTallixDlg window(session);
-    auto* pictures = window.pictureButtons();
-    EXPECT_EQ(pictures->title(),
-              "expense,   income,     receivable,        bank,       credit card, category,    "
-              "description");
-    EXPECT_EQ(pictures->button(ui::PictureButtons::kUpdate)->toolTip(),
-              "CLICK here to update the instution balances");
-    EXPECT_EQ(pictures->button(ui::PictureButtons::kReceivable)->toolTip(),
-              "CLICK here to edit, add or delete an receivable");
-}
-
-TEST_F(MainWindowTest, ImagesComeFromTheWorkingFolderAndMayBeMissing) {
+TEST_F(MainWindowTest, PictureButtonImagesComeFromTheWorkingFolderAndMayBeMissing) {
     auto before = std::filesystem::current_path();
     std::filesystem::current_path(TALLIX_BINARY_DIR);
     {
-        ui::CTallixDlg window(session);
+        ui::CTallixDlg other(session);
         for (int i = 0; i < ui::PictureButtons::kTaskCount; ++i) {
-            QToolButton* b = window.pictureButtons()->button(ui::PictureButtons::Task(i));
+            QToolButton* b = other.pictureButtons()->button(ui::PictureButtons::Task(i));
             EXPECT_FALSE(b->icon().isNull()) << i;
             EXPECT_EQ(b->iconSize(), QSize(48, 48)) << i;
         }
     }
     std::filesystem::current_path(tmp.path());
     {
-        ui::CTallixDlg window(session);
-        EXPECT_TRUE(window.pictureButtons()->button(ui::PictureButtons::kBank)->icon().isNull());
+        ui::CTallixDlg other(session);
+        EXPECT_TRUE(other.pictureButtons()->button(ui::PictureButtons::kBank)->icon().isNull());
     }
     std::filesystem::current_path(before);
 }
 
-TEST_F(MainWindowTest, ExitWritesBothBackupsAndCloses) {
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
-    window.show();
-    window.OnBnClickedCancel();
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_TRUE(prompter.shown.empty());
-    EXPECT_EQ(readFile(localBackup() / "tallix2026.xml"), readFile(session.filePath));
-    EXPECT_EQ(readFile(cloudBackup() / "tallix2026.xml"), readFile(session.filePath));
-}
-
-TEST_F(MainWindowTest, ExitWithoutTheCloudFolderWarnsOnce) {
-    std::filesystem::remove_all(tmp / "gdrive" / "My Drive");
-    env.cloud.reset();
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
-    prompter.shown.clear();
-    window.show();
-    window.OnBnClickedCancel();
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(prompter.shown, (std::vector<std::string>{backup_texts::kNoCloudFolderOnExit}));
-    EXPECT_TRUE(std::filesystem::exists(localBackup() / "tallix2026.xml"));
-}
-
-TEST_F(MainWindowTest, AFailedBackupKeepsTheWindowOpen) {
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
-    std::filesystem::remove_all(tmp / "docs" / "tallix");
-    window.show();
-    window.OnBnClickedCancel();
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(prompter.shown, (std::vector<std::string>{"runtime error in OnBnClickedCancel() "}));
-}
-
-TEST_F(MainWindowTest, EscapeRunsTheExitAndEnterDoesNotClose) {
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
-    window.show();
+TEST_F(MainWindowTest, EscapeRunsTheExitWithItsBackupsAndEnterDoesNotClose) {
+    start();
     QTest::keyClick(&window, Qt::Key_Return);
     QTest::keyClick(&window, Qt::Key_Enter);
     EXPECT_TRUE(window.isVisible());
@@ -205,35 +268,52 @@ TEST_F(MainWindowTest, EscapeRunsTheExitAndEnterDoesNotClose) {
 
     QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());
-    EXPECT_TRUE(std::filesystem::exists(localBackup() / "tallix2026.xml"));
+    EXPECT_TRUE(prompter.shown.empty());
+    EXPECT_EQ(readFile(localBackup() / "tallix2026.xml"), readFile(session.filePath));
+    EXPECT_EQ(readFile(cloudBackup() / "tallix2026.xml"), readFile(session.filePath));
 }
 
-TEST_F(MainWindowTest, SaveDataFileLeavesNoFileBehind) {
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
-    prompter.files = {tmp / "chosen.xml"};
-    QMenu* data = window.menuBar()->actions()[5]->menu();
-    data->actions()[0]->trigger();
-    EXPECT_TRUE(prompter.files.empty());
-    EXPECT_FALSE(std::filesystem::exists(tmp / "chosen.xml"));
+TEST_F(MainWindowTest, AFailedBackupKeepsTheWindowOpen) {
+    start();
+    std::filesystem::remove_all(tmp / "docs" / "tallix");
     window.OnBnClickedCancel();
-    EXPECT_FALSE(std::filesystem::exists(tmp / "chosen.xml"));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(prompter.shown, Texts{"runtime error in OnBnClickedCancel() "});
 }
 
-TEST_F(MainWindowTest, TheYearsMenuSwitchesYearsAndKeepsTheMonth) {
-    std::filesystem::copy_file(env.root / "tallix" / "tallix2026.xml",
-                               env.root / "tallix" / "tallix2025.xml");
-    test::writeFile(env.root / "tallix" / "tallix.xml",
-                    "<tallix><year year=\"2025\"><file>tallix2025.xml</file><status/></year>"
-                    "<year year=\"2026\"><file>tallix2026.xml</file><status/></year></tallix>");
-    ui::CTallixDlg window(session);
-    window.OnInitDialog();
-    window.menuBar()->actions()[3]->menu()->actions()[3]->trigger();  // "2025"
-    EXPECT_EQ(window.windowTitle(), "November 2025");
-    EXPECT_EQ(session.fileName, "tallix2025.xml");
-    // The grid shows November of the year switched to.
-    EXPECT_GT(session.view.lineCount, 0);
-    EXPECT_EQ(window.gridModel()->rowCount(), session.view.lineCount + 1);
+TEST_F(MainWindowTest, TheRecurringListEndsWithItsTotalsAndColoursWhatIsNotPaid) {
+    start();
+    // December's bills are all still "notpaid".
+    ui::CRecurringDlg dialog(session, buildReport(session.data.node(), ReportKind::Recurring, 12));
+    QTableWidget* list = dialog.list();
+    QStringList firstCells;
+    bool redSeen = false;
+    for (int r = 0; r < list->rowCount(); ++r) {
+        firstCells << (list->item(r, 1) ? list->item(r, 1)->text() : QString());
+        for (int c = 0; c < list->columnCount(); ++c)
+            if (QTableWidgetItem* item = list->item(r, c))
+                redSeen |= item->background().color() == QColor(255, 0, 0);
+    }
+    EXPECT_TRUE(firstCells.contains("TOTAL"));
+    EXPECT_TRUE(firstCells.contains("LEFT TO PAY"));
+    EXPECT_TRUE(redSeen);
+}
+
+TEST_F(MainWindowTest, MakeNextYearOffersTheNextNameAndRefusesTheCurrentOne) {
+    start();
+    ui::CNextyearDlg dialog(session);
+    EXPECT_EQ(dialog.nextFileNameEdit()->text(), "tallix2027.xml");
+    dialog.nextFileNameEdit()->setText("tallix2026.xml");
+    const std::string before = readFile(yearFile());
+    QTest::mouseClick(dialog.createButton(), Qt::LeftButton);
+    EXPECT_EQ(prompter.shown, Texts{next_year_texts::kSameFileName});
+    EXPECT_EQ(readFile(yearFile()), before);
+
+    dialog.nextFileNameEdit()->setText("tallix2027.xml");
+    QTest::mouseClick(dialog.createButton(), Qt::LeftButton);
+    EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix2027.xml"));
+    EXPECT_EQ(session.fileName, "tallix2027.xml");
+    EXPECT_EQ(session.year, 2027);
 }
 
 }  // namespace

@@ -1,65 +1,35 @@
 // The pickers a register line is filled or reshaped with, worked through
-// their own trees, combos, buttons and menus over a small year written inline.
+// their own trees, lists, combos, buttons and menus, partly over a small year
+// written inline.
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QComboBox>
-#include <QFormLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
 #include <QTreeWidget>
 
-#include "data/values.h"
+#include "reference/plan_year.h"
+#include "ui/bank_select.h"
+#include "ui/description_dlg.h"
 #include "ui/expense_dlg.h"
 #include "ui/move_row_dlg.h"
 #include "ui/receivables_dlg.h"
 #include "ui/row_operations_dlg.h"
+#include "ui/status_dlg.h"
 #include "ui/transfer_dlg.h"
 
 namespace tallix {
 namespace {
 
-constexpr const char* kYear = R"(<tallix><financial-institutions>
-  <financial-institution id="banks"><names><name id="First National">
-    <bankaccount><account>Checking</account></bankaccount>
-    <bankaccount><account>Savings</account></bankaccount></name>
-    <name id="Credit Union"><bankaccount><account>Share Draft</account></bankaccount></name>
-  </names></financial-institution>
-  <financial-institution id="creditcards"><names><name id="Visa"/></names></financial-institution>
-</financial-institutions><catagories>
-  <category id="Food"><type>category</type><numberItems>2</numberItems><names>
-    <name id="Trader Joe's"><category>Food</category><type>recurring</type>
-      <account>Savings</account><closingday>15</closingday><institution>First National</institution>
-      <reset/><amount>120.00</amount><months>
-      <month><name>January</name><amount>100.00</amount><datepaid>1/3</datepaid>
-        <duedate>1/5</duedate><status>paid</status><type>auto</type><check>1042</check></month>
-      <month><name>February</name><amount>90.00</amount></month></months></name>
-    <name id="Bakery"><category>Food</category><type>accumulate</type></name></names></category>
-  <category id="Gifts"><type>category</type><numberItems>0</numberItems><names/></category>
-</catagories><income>
-  <name id="Salary"><institution>Credit Union</institution><account>Share Draft</account>
-    <type>auto day</type><dayordate/><daynumber/><amount>2500.00</amount><months/></name>
-  <name id="Pat's pension"><institution>First National</institution><account>Checking</account>
-    <type>posted</type><dayordate/><daynumber/><amount>800.00</amount><months/></name>
-</income><receivables>
-  <revenue><line/><amount/><datepaid/><duedate/><status/><type/><check/></revenue>
-  <name id="O'Neil"><number>C-7</number><institution>Credit Union</institution>
-    <account>Share Draft</account><amount>45.00</amount><months>
-    <month><item><line>4</line><amount>45.00</amount><datepaid>1/9</datepaid><duedate>1/10</duedate>
-      <status>paid</status><type>receivable</type><check>88</check></item></month>
-    <month/><month><item><line>2</line><amount>10.00</amount></item></month></months></name>
-  <name id="Acme"><number>C-9</number><institution/><account/><amount/><months/></name>
-</receivables></tallix>)";
-
 class PickerDialogsTest : public ::testing::Test {
   protected:
-    void SetUp() override { ASSERT_TRUE(doc.load_string(kYear)); }
+    void SetUp() override { ASSERT_TRUE(doc.load_string(test::kPlanYear)); }
     pugi::xml_node data() const { return doc; }
     pugi::xml_document doc;
 };
@@ -93,28 +63,23 @@ TEST_F(PickerDialogsTest, ExpensePickerShowsTheSelectedExpenseAndAnswersItWithIt
     ui::CExpenseDlg dialog(data(), kPickExpenseMode);
     EXPECT_EQ(dialog.windowTitle(), "SELECT AN EXPENSE");
     QTreeWidget* tree = dialog.tree();
-    ASSERT_EQ(tree->topLevelItemCount(), 2);
+    ASSERT_EQ(tree->topLevelItemCount(), 3);
     EXPECT_EQ(tree->topLevelItem(0)->childCount(), 2);
     EXPECT_EQ(tree->topLevelItem(1)->text(0), "Gifts");
     EXPECT_EQ(tree->topLevelItem(1)->childCount(), 0);
 
     QTableWidget* months = dialog.monthTable();
     ASSERT_EQ(months->rowCount(), 13);
-    EXPECT_EQ(rowTexts(months, 0), QStringList(7));
     EXPECT_EQ(cell(months, 12, 0), "December");
-    EXPECT_EQ(months->horizontalHeaderItem(6)->text(), "CHECK #");
-    EXPECT_EQ(months->columnWidth(2), 100);
 
     tree->setCurrentItem(findItem(tree, "Trader Joe's"));
-    EXPECT_EQ(dialog.nameEdit()->text(), "Trader Joe's");
-    EXPECT_EQ(dialog.categoryLabel()->text(), "Food");
-    EXPECT_EQ(dialog.typeBox()->currentText(), "recurring");
-    EXPECT_EQ(dialog.institutionBox()->currentText(), "First National");
+    EXPECT_EQ((QStringList{dialog.nameEdit()->text(), dialog.categoryLabel()->text(),
+                           dialog.typeBox()->currentText(), dialog.institutionBox()->currentText(),
+                           dialog.accountBox()->currentText(), dialog.repeatingAmountEdit()->text(),
+                           dialog.closingDayEdit()->text()}),
+              (QStringList{"Trader Joe's", "Food", "recurring", "First National", "Savings",
+                           "120.00", "15"}));
     EXPECT_EQ(comboTexts(dialog.accountBox()), (QStringList{"Checking", "Savings"}));
-    EXPECT_EQ(dialog.accountBox()->currentText(), "Savings");
-    EXPECT_EQ(dialog.repeatingAmountEdit()->text(), "120.00");
-    EXPECT_EQ(dialog.closingDayEdit()->text(), "15");
-    EXPECT_TRUE(dialog.nameEdit()->isReadOnly());
     EXPECT_EQ(rowTexts(months, 1),
               (QStringList{"January", "100.00", "1/3", "1/5", "paid", "auto", "1042"}));
     EXPECT_EQ(cell(months, 2, 1), "90.00");
@@ -134,24 +99,23 @@ TEST_F(PickerDialogsTest, ExpensePickerShowsTheSelectedExpenseAndAnswersItWithIt
 }
 
 TEST_F(PickerDialogsTest, ExpensePickerAnswersNoSelectionUnlessAnExpenseIsPicked) {
-    ui::CExpenseDlg category(data(), kPickExpenseMode);
-    category.tree()->setCurrentItem(findItem(category.tree(), "Food"));
-    EXPECT_EQ(category.categoryLabel()->text(), "Food");
-    EXPECT_EQ(category.nameEdit()->text(), "");
-    QTest::mouseClick(category.okButton(), Qt::LeftButton);
-    EXPECT_EQ(category.pick().name, kNoSelection);
-    EXPECT_EQ(category.pick().category, "");
-
-    ui::CExpenseDlg nothing(data(), kPickExpenseMode);
-    QTest::mouseClick(nothing.okButton(), Qt::LeftButton);
-    EXPECT_EQ(nothing.pick().name, kNoSelection);
-
-    ui::CExpenseDlg canceled(data(), kPickExpenseMode);
-    canceled.tree()->setCurrentItem(findItem(canceled.tree(), "Bakery"));
-    QTest::mouseClick(canceled.cancelButton(), Qt::LeftButton);
-    EXPECT_EQ(canceled.result(), QDialog::Rejected);
-    EXPECT_EQ(canceled.pick().name, kNoSelection);
-
+    // OK on a category or on nothing, Cancel or closing on an expense.
+    const struct {
+        const char* selected;
+        bool ok;
+    } cases[] = {{"Food", true}, {"", true}, {"Bakery", false}};
+    for (const auto& c : cases) {
+        ui::CExpenseDlg dialog(data(), kPickExpenseMode);
+        dialog.show();
+        if (*c.selected)
+            dialog.tree()->setCurrentItem(findItem(dialog.tree(), c.selected));
+        if (c.ok)
+            QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
+        else
+            QTest::mouseClick(dialog.cancelButton(), Qt::LeftButton);
+        EXPECT_EQ(dialog.pick().name, kNoSelection) << c.selected;
+        EXPECT_EQ(dialog.pick().category, "") << c.selected;
+    }
     ui::CExpenseDlg closed(data(), kPickExpenseMode);
     closed.show();
     closed.tree()->setCurrentItem(findItem(closed.tree(), "Bakery"));
@@ -184,12 +148,11 @@ TEST_F(PickerDialogsTest, IncomePickerListsTheSourcesAndAnswersTheName) {
     EXPECT_EQ(tree->topLevelItem(1)->childCount(), 0);
 
     tree->setCurrentItem(tree->topLevelItem(1));
-    EXPECT_EQ(dialog.nameEdit()->text(), "Pat's pension");
-    EXPECT_EQ(dialog.institutionBox()->currentText(), "First National");
-    EXPECT_EQ(dialog.accountBox()->currentText(), "Checking");
-    EXPECT_EQ(dialog.repeatingAmountEdit()->text(), "800.00");
-    for (int row = 0; row < 13; ++row)
-        EXPECT_EQ(rowTexts(dialog.monthTable(), row).join(""), row ? monthName(row).c_str() : "");
+    EXPECT_EQ(
+        (QStringList{dialog.nameEdit()->text(), dialog.institutionBox()->currentText(),
+                     dialog.accountBox()->currentText(), dialog.repeatingAmountEdit()->text()}),
+        (QStringList{"Pat's pension", "First National", "Checking", "800.00"}));
+    EXPECT_EQ(rowTexts(dialog.monthTable(), 5).join(""), "May");
 
     QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
     EXPECT_EQ(dialog.pick().name, "Pat's pension");
@@ -207,16 +170,15 @@ TEST_F(PickerDialogsTest, CustomerPickerPromptsByModeAndListsTheItemsOfTheSelect
     QTreeWidget* tree = forCell.tree();
     ASSERT_EQ(tree->topLevelItemCount(), 2);  // the revenue template is no customer
     tree->setCurrentItem(findItem(tree, "O'Neil"));
-    EXPECT_EQ(forCell.numberEdit()->text(), "C-7");
-    EXPECT_EQ(forCell.institutionBox()->currentText(), "Credit Union");
-    EXPECT_EQ(forCell.accountBox()->currentText(), "Share Draft");
-    EXPECT_EQ(forCell.repeatingAmountEdit()->text(), "45.00");
+    EXPECT_EQ(
+        (QStringList{forCell.numberEdit()->text(), forCell.institutionBox()->currentText(),
+                     forCell.accountBox()->currentText(), forCell.repeatingAmountEdit()->text()}),
+        (QStringList{"C-7", "Credit Union", "Share Draft", "45.00"}));
     QTableWidget* items = forCell.itemTable();
-    EXPECT_EQ(items->horizontalHeaderItem(1)->text(), "LINE");
-    ASSERT_EQ(items->rowCount(), 2);
+    ASSERT_EQ(items->rowCount(), 3);
     EXPECT_EQ(rowTexts(items, 0),
               (QStringList{"January", "4", "45.00", "1/9", "1/10", "paid", "receivable", "88"}));
-    EXPECT_EQ(rowTexts(items, 1), (QStringList{"March", "2", "10.00", "", "", "", "", ""}));
+    EXPECT_EQ(rowTexts(items, 2), (QStringList{"March", "9", "35.00", "", "", "", "", ""}));
 
     tree->setCurrentItem(findItem(tree, "Acme"));
     EXPECT_EQ(items->rowCount(), 0);
@@ -228,19 +190,11 @@ TEST_F(PickerDialogsTest, CustomerPickerPromptsByModeAndListsTheItemsOfTheSelect
     maintain.tree()->setCurrentItem(findItem(maintain.tree(), "Acme"));
     QTest::mouseClick(maintain.cancelButton(), Qt::LeftButton);
     EXPECT_EQ(maintain.selectedCustomer(), kNoSelection);
-    ui::CReceivablesDlg nothing(data(), true);
-    QTest::mouseClick(nothing.okButton(), Qt::LeftButton);
-    EXPECT_EQ(nothing.selectedCustomer(), kNoSelection);
 }
 
 const std::vector<InstitutionChoice> kBanks = {{"First National", {"Checking", "Savings"}},
-                                               {"Credit Union", {"Share Draft"}}};
-
-QString labelOf(QWidget* field) {
-    auto* form = qobject_cast<QFormLayout*>(field->parentWidget()->layout());
-    auto* label = form ? qobject_cast<QLabel*>(form->labelForField(field)) : nullptr;
-    return label ? label->text() : QString();
-}
+                                               {"Credit Union", {"Share Draft"}},
+                                               {"creditcards", {"Visa", "Mastercard"}}};
 
 std::vector<std::string> texts(const TransferAnswer& a) {
     return {a.fromInstitution, a.fromAccount, a.toInstitution, a.toAccount, a.amount};
@@ -248,14 +202,8 @@ std::vector<std::string> texts(const TransferAnswer& a) {
 
 TEST(TransferDialog, StartsWithNothingChosenAndFillsOnlyTheMatchingAccountList) {
     ui::CtransferDlg dialog(kBanks);
-    EXPECT_EQ(dialog.frame()->title(), "TRANSFER");
-    EXPECT_EQ(labelOf(dialog.fromInstitutionBox()), "FROM INSTITUTION");
-    EXPECT_EQ(labelOf(dialog.toAccountBox()), "TO ACCOUNT");
-    EXPECT_EQ(qobject_cast<QGroupBox*>(dialog.toAccountBox()->parentWidget())->title(),
-              "TO TARGET");
-    EXPECT_EQ(dialog.performButton()->text(), "PERFORM TRANFER");
     for (QComboBox* box : {dialog.fromInstitutionBox(), dialog.toInstitutionBox()}) {
-        EXPECT_EQ(comboTexts(box), (QStringList{"First National", "Credit Union"}));
+        EXPECT_EQ(comboTexts(box), (QStringList{"First National", "Credit Union", "creditcards"}));
         EXPECT_EQ(box->currentIndex(), -1);
     }
     EXPECT_EQ(dialog.fromAccountBox()->count(), 0);
@@ -266,10 +214,6 @@ TEST(TransferDialog, StartsWithNothingChosenAndFillsOnlyTheMatchingAccountList) 
     dialog.fromInstitutionBox()->setCurrentIndex(0);
     EXPECT_EQ(comboTexts(dialog.fromAccountBox()), (QStringList{"Checking", "Savings"}));
     EXPECT_EQ(comboTexts(dialog.toAccountBox()), (QStringList{"Share Draft"}));
-    dialog.fromInstitutionBox()->setCurrentIndex(1);
-    EXPECT_EQ(comboTexts(dialog.fromAccountBox()), (QStringList{"Share Draft"}));
-
-    dialog.fromInstitutionBox()->setCurrentIndex(0);
     dialog.fromAccountBox()->setCurrentIndex(1);
     QTest::keyClicks(dialog.amountEdit(), "250.00");
     QTest::mouseClick(dialog.performButton(), Qt::LeftButton);
@@ -280,17 +224,16 @@ TEST(TransferDialog, StartsWithNothingChosenAndFillsOnlyTheMatchingAccountList) 
 }
 
 TEST(TransferDialog, CancelAndAnEmptyPerformAnswerEmptyTexts) {
-    ui::CtransferDlg canceled(kBanks);
-    canceled.fromInstitutionBox()->setCurrentIndex(0);
-    canceled.amountEdit()->setText(QStringLiteral("10"));
-    QTest::mouseClick(canceled.cancelButton(), Qt::LeftButton);
-    EXPECT_EQ(canceled.result(), QDialog::Rejected);
-    EXPECT_EQ(texts(canceled.answer()), std::vector<std::string>(5));
-
-    ui::CtransferDlg empty(kBanks);
-    QTest::mouseClick(empty.performButton(), Qt::LeftButton);
-    EXPECT_EQ(empty.result(), QDialog::Accepted);
-    EXPECT_EQ(texts(empty.answer()), std::vector<std::string>(5));
+    for (bool cancel : {true, false}) {
+        ui::CtransferDlg dialog(kBanks);
+        if (cancel) {
+            dialog.fromInstitutionBox()->setCurrentIndex(0);
+            dialog.amountEdit()->setText(QStringLiteral("10"));
+        }
+        QTest::mouseClick(cancel ? dialog.cancelButton() : dialog.performButton(), Qt::LeftButton);
+        EXPECT_EQ(dialog.result(), cancel ? QDialog::Rejected : QDialog::Accepted);
+        EXPECT_EQ(texts(dialog.answer()), std::vector<std::string>(5)) << cancel;
+    }
 }
 
 void expectChoice(const char* menu, const char* item, const char* operation, const char* kind) {
@@ -319,7 +262,7 @@ TEST(RowOperationsPopup, EveryItemAnswersItsOperationAndKind) {
     EXPECT_EQ(popup.menuBar()->actions().size(), 5);
 }
 
-TEST(RowOperationsPopup, ClosingAnswersCancelAndThePopupIsPaintedAndPlaced) {
+TEST(RowOperationsPopup, ClosingAnswersCancelAndThePopupIsPlacedBesideTheClick) {
     ui::CRowOperations popup;
     EXPECT_TRUE(popup.windowFlags().testFlag(Qt::FramelessWindowHint));
     popup.show();
@@ -329,30 +272,102 @@ TEST(RowOperationsPopup, ClosingAnswersCancelAndThePopupIsPaintedAndPlaced) {
 
     popup.placeNear(QPoint(40, 100), 55);
     EXPECT_EQ(popup.pos(), QPoint(340, 165));
-
-    const QString lilac = QColor(229, 181, 233).name();
-    const QImage barImage = popup.menuBar()->grab().toImage();
-    EXPECT_EQ(barImage.pixelColor(barImage.width() - 3, barImage.height() / 2).name(), lilac);
-    auto* insert = popup.findChild<QMenu*>(QStringLiteral("insertMenu"));
-    ASSERT_NE(insert, nullptr);
-    const QImage menuImage = insert->grab().toImage();
-    EXPECT_EQ(menuImage.pixelColor(menuImage.width() - 3, 2).name(), lilac);
 }
 
 TEST(MoveRowDialog, AnswersTheTypedNumberOrZero) {
+    // OK, or Enter in the field, answers.
     const std::pair<const char*, int> typed[] = {{"12", 12}, {" 7 ", 7}, {"abc", 0}, {"", 0}};
-    for (const auto& [text, expected] : typed) {
-        ui::CMoveRowDlg dialog;
-        QTest::keyClicks(dialog.lineEdit(), text);
-        QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
-        EXPECT_EQ(dialog.result(), QDialog::Accepted);
-        EXPECT_EQ(dialog.target(), expected) << text;
-    }
+    for (bool enter : {false, true})
+        for (const auto& [text, expected] : typed) {
+            ui::CMoveRowDlg dialog;
+            dialog.show();
+            QTest::keyClicks(dialog.lineEdit(), text);
+            if (enter)
+                QTest::keyClick(dialog.lineEdit(), Qt::Key_Return);
+            else
+                QTest::mouseClick(dialog.okButton(), Qt::LeftButton);
+            EXPECT_EQ(dialog.result(), QDialog::Accepted) << text;
+            EXPECT_EQ(dialog.target(), expected) << text;
+        }
     ui::CMoveRowDlg canceled;
     QTest::keyClicks(canceled.lineEdit(), "12");
     QTest::mouseClick(canceled.cancelButton(), Qt::LeftButton);
     EXPECT_EQ(canceled.result(), QDialog::Rejected);
     EXPECT_EQ(canceled.target(), 0);
+}
+
+TEST(BankSelect, OpensOnTheLinesAccountAndAnswersUpdateClearOrCancel) {
+    ui::CBankselect dialog(kBanks, "First National", "Savings");
+    EXPECT_EQ(comboTexts(dialog.institutionBox()),
+              (QStringList{"First National", "Credit Union", "creditcards"}));
+    EXPECT_EQ(dialog.accountBox()->currentText(), "Savings");
+    dialog.institutionBox()->setCurrentIndex(2);
+    EXPECT_EQ(comboTexts(dialog.accountBox()), (QStringList{"Visa", "Mastercard"}));
+    dialog.accountBox()->setCurrentIndex(1);
+    QTest::mouseClick(dialog.updateButton(), Qt::LeftButton);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog.choice().outcome, ui::BankChoice::Outcome::Update);
+    EXPECT_EQ(dialog.choice().institution, "creditcards");
+    EXPECT_EQ(dialog.choice().account, "Mastercard");
+
+    using Outcome = ui::BankChoice::Outcome;
+    for (auto [button, outcome] : {std::pair{&ui::CBankselect::cancelButton, Outcome::Canceled},
+                                   std::pair{&ui::CBankselect::clearButton, Outcome::Clear}}) {
+        ui::CBankselect other(kBanks, "Credit Union", "Share Draft");
+        QTest::mouseClick((other.*button)(), Qt::LeftButton);
+        EXPECT_EQ(other.choice().outcome, outcome);
+        EXPECT_EQ(other.choice().institution, "");
+    }
+    // Closed any other way, the picker counts as canceled.
+    ui::CBankselect escaped(kBanks, "Credit Union", "Share Draft");
+    escaped.reject();
+    EXPECT_EQ(escaped.choice().outcome, Outcome::Canceled);
+}
+
+// Double-clicks the list's row `row`.
+void doubleClickRow(QListWidget* list, int row) {
+    const QPoint at = list->visualItemRect(list->item(row)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, at);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, at);
+}
+
+TEST(StatusDialog, ADoubleClickPicksAWordAndCancelPicksNone) {
+    const QStringList words = {"notpaid", "pending", "cleared"};
+    ui::CStatusdlg dialog(words, "pending");
+    dialog.show();
+    EXPECT_EQ(dialog.list()->currentItem()->text(), "pending");
+    doubleClickRow(dialog.list(), 2);
+    EXPECT_EQ(dialog.status(), "cleared");
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+
+    ui::CStatusdlg canceled(words, "pending");
+    canceled.reject();
+    EXPECT_EQ(canceled.status(), "");
+}
+
+TEST(DescriptionDialog, PickingForACellAnswersTheDescriptionClearOrCancel) {
+    const QStringList list = {"Zoo", "Corner Market"};
+    ui::CDescriptionDlg pick(ui::CDescriptionDlg::kPickForCell, list, "");
+    EXPECT_TRUE(pick.question()->isHidden());
+    EXPECT_EQ(pick.list()->item(0)->text(), "Corner Market");  // sorted
+    pick.show();
+    doubleClickRow(pick.list(), 1);
+    EXPECT_EQ(pick.answer(), "Zoo");
+    EXPECT_EQ(pick.result(), QDialog::Accepted);
+
+    ui::CDescriptionDlg clear(ui::CDescriptionDlg::kPickForCell, list, "Zoo");
+    QTest::mouseClick(clear.firstButton(), Qt::LeftButton);
+    EXPECT_EQ(clear.answer(), "clear");
+    EXPECT_EQ(clear.result(), QDialog::Accepted);
+    ui::CDescriptionDlg cancel(ui::CDescriptionDlg::kPickForCell, list, "Zoo");
+    QTest::mouseClick(cancel.cancelButton(), Qt::LeftButton);
+    EXPECT_EQ(cancel.answer(), "cancel");
+    EXPECT_EQ(cancel.result(), QDialog::Rejected);
+
+    // Asked about a description not on the list, it shows the question.
+    ui::CDescriptionDlg ask(ui::CDescriptionDlg::kNotOnList, list, "Bonus");
+    EXPECT_EQ(ask.firstButton()->text(), "YES");
+    EXPECT_FALSE(ask.question()->isHidden());
 }
 
 }  // namespace

@@ -73,14 +73,14 @@ TEST_F(MainWindowTest, StartUpShowsTheCurrentMonthWithItsBalances) {
         }
 
     // Columns are as many characters wide as their definitions say.
-    QTableView* grid = window.grid();
-    EXPECT_EQ(grid->columnWidth(0), 1);
-    QFontMetrics metrics(grid->font());
+    QTableView* view = window.grid();
+    EXPECT_EQ(view->columnWidth(0), 1);
+    QFontMetrics metrics(view->font());
     for (auto [column, widest] : std::vector<std::pair<int, QString>>{
-             {1, "Wed"}, {9, "Riverside Garden Club"}, {10, "First National"}, {13, "-1943.-60"}})
-        EXPECT_GE(grid->columnWidth(column), metrics.horizontalAdvance(widest) + 6) << column;
-    EXPECT_GT(grid->columnWidth(4), grid->columnWidth(5));  // 22 characters against 10
-    EXPECT_TRUE(grid->verticalHeader()->isHidden());
+             {1, "Wed"}, {9, "Riverside Garden Club"}, {10, "First National"}, {13, "-1943.60"}})
+        EXPECT_GE(view->columnWidth(column), metrics.horizontalAdvance(widest) + 6) << column;
+    EXPECT_GT(view->columnWidth(4), view->columnWidth(5));  // 22 characters against 10
+    EXPECT_TRUE(view->verticalHeader()->isHidden());
 }
 
 TEST_F(MainWindowTest, AFirstRunCreatesTheIndexAndFollowsTheYearPrompts) {

@@ -45,28 +45,6 @@ TEST(BalanceEngine, AMonthWithoutLinesStillResetsItsIncomeAndAccumulatedTotals) 
     EXPECT_EQ(childText(year.planMonth(paths::kExpense, "Rent", 7, 1), 1), "800.00");
 }
 
-// A card starts January from child 2 and every other month m from child
-// m + 4; a month closes into child m + 5 of a card and m + 1 of an account.
-TEST(BalanceEngine, CardsAndAccountsStartFromTheirMonthsChildAndCloseIntoTheNext) {
-    struct Case {
-        int month;
-        std::string visa, register_;
-    };
-    YearFile year({2026, 3, 15});
-    // December first, January last: each month's closing is the next one's start.
-    for (const Case& c : {Case{12, "33.000000", "0.000000"}, Case{2, "22.000000", "950.000000"},
-                          Case{1, "11.000000", "900.000000"}}) {
-        SCOPED_TRACE(c.month);
-        year.month(monthName(c.month)).append_copy(marchLine(year, 7));  // a blank line
-        ASSERT_TRUE(year.show(c.month));
-        EXPECT_EQ(year.cell(0, col::kVisa), c.visa);
-        EXPECT_EQ(year.cell(0, col::kCkRegister), c.register_);
-        EXPECT_EQ(childText(card(year, "Visa"), static_cast<size_t>(c.month + 5)), c.visa);
-        EXPECT_EQ(childText(bankGroup(year, "Harbor Bank", 1), static_cast<size_t>(c.month + 1)),
-                  c.register_);
-    }
-}
-
 struct Variation {
     const char* name;
     std::function<void(YearFile&)> change;
@@ -124,20 +102,6 @@ const Variation kVariations[] = {
              EXPECT_EQ(y.cell(0, c), y.cell(1, c)) << c;
          EXPECT_EQ(childText(bankGroup(y, "Summit Savings", 2), 4), y.cell(1, col::kSvBank));
          EXPECT_EQ(childText(card(y, "Visa"), 8), y.cell(1, col::kVisa));
-     }},
-    {"ALineWithoutAnInstitutionChangesNothingAndShowsNothing",
-     [](YearFile& y) {
-         setChildText(marchLine(y, 4), 7, "");            // names an unknown expense
-         setChildText(marchLine(y, 11), 1, "Pine Deli");  // an unknown customer
-         setChildText(marchLine(y, 11), 7, "");
-     },
-     [](YearFile& y) {
-         EXPECT_FALSE(wasShown(y, "Name of expense on line 4 not found "));
-         EXPECT_FALSE(wasShown(y, "deposit name not found on line11 ...skipping"));
-         for (int row : {3, 10})
-             for (int c = col::kCkRegister; c <= col::kAmex; ++c)
-                 EXPECT_EQ(y.cell(row, c), y.cell(row + 1, c)) << row << " " << c;
-         EXPECT_EQ(y.cell(3, col::kCkOutstanding), "305.60");
      }},
     {"AnUnreadableAmountEndsTheRun", [](YearFile& y) { setChildText(marchLine(y, 16), 2, "abc"); },
      [](YearFile& y) { EXPECT_EQ(y.prompter.shown.back(), "runtime error in displayMonth() "); }},

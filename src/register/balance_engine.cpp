@@ -230,11 +230,10 @@ class BalanceEngine {
     // customer held for the line comes over (the line names this customer
     // now).
     void recordReceivable(pugi::xml_node customer, int lineNumber, const std::string& amount) {
-        const std::string number = std::to_string(lineNumber);
-        const std::vector<pugi::xml_node> before = itemsNamingLine(data_, month_, number);
-        pugi::xml_node item = settleReceivableItem(data_, customer, month_, number);
-        if (before.size() != 1 || before.front() != item)
-            changed_ = true;
+        bool settled = false;
+        pugi::xml_node item =
+            settleReceivableItem(data_, customer, month_, std::to_string(lineNumber), &settled);
+        changed_ = changed_ || settled;
         write(childAt(item, 1), amount);
     }
 

@@ -22,11 +22,13 @@ std::vector<pugi::xml_node> itemsNamingLine(pugi::xml_node data, int month,
 }
 
 pugi::xml_node settleReceivableItem(pugi::xml_node data, pugi::xml_node customer, int month,
-                                    const std::string& lineNumber) {
+                                    const std::string& lineNumber, bool* changed) {
     pugi::xml_node monthNode = monthEntry(customer, schema::kCustomerMonths, month);
     std::vector<pugi::xml_node> items = itemsNamingLine(data, month, lineNumber);
     auto own = std::find_if(items.begin(), items.end(),
                             [&](pugi::xml_node item) { return item.parent() == monthNode; });
+    if (changed)
+        *changed = items.size() != 1 || own == items.end();
     pugi::xml_node kept;
     if (own != items.end()) {
         kept = *own;

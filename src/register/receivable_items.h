@@ -19,9 +19,10 @@ std::vector<pugi::xml_node> itemsNamingLine(pugi::xml_node data, int month,
 // item that line already has is kept (the customer's own first, else one of
 // another customer, moved over: the line was picked again); any further item
 // naming the line is removed. A line without one gets a copy of the
-// receivables template. Throws when a copy is needed and the year file has
+// receivables template. `changed`, when given, tells whether any item was
+// moved, removed or made. Throws when a copy is needed and the year file has
 // no template.
 pugi::xml_node settleReceivableItem(pugi::xml_node data, pugi::xml_node customer, int month,
-                                    const std::string& lineNumber);
+                                    const std::string& lineNumber, bool* changed = nullptr);
 
 }  // namespace tallix

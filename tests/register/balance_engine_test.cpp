@@ -45,6 +45,32 @@ TEST(BalanceEngine, AMonthWithoutLinesStillResetsItsIncomeAndAccumulatedTotals) 
     EXPECT_EQ(childText(year.planMonth(paths::kExpense, "Rent", 7, 1), 1), "800.00");
 }
 
+// The line names Oak Cafe now: the item another customer held for it comes
+// over, and the file is saved although no text changed.
+TEST(BalanceEngine, AnItemAnotherCustomerHeldForAReceivableLineComesOver) {
+    YearFile year({2026, 3, 15});
+    ASSERT_TRUE(year.show(3));  // everything else March changes is saved now
+    pugi::xml_node oak = requireOne(year.data(), paths::kReceivable, "Oak Cafe");
+    pugi::xml_node elm = oak.parent().insert_copy_after(oak, oak);
+    elm.attribute("id").set_value("Elm Books");
+    pugi::xml_node item = childAt(childAt(childAt(oak, 4), 2), 1);  // line 11's
+    ASSERT_EQ(childText(item, 0), "11");
+    childAt(childAt(elm, 4), 2).append_move(item);
+    year.session().saveData();
+
+    ASSERT_TRUE(year.show(3));
+    Document saved = Document::load(year.path);
+    auto march = [&](const char* customer) {
+        std::vector<std::string> lines;
+        for (pugi::xml_node i : elementChildren(
+                 childAt(childAt(requireOne(saved.node(), paths::kReceivable, customer), 4), 2)))
+            lines.push_back(childText(i, 0));
+        return lines;
+    };
+    EXPECT_EQ(march("Oak Cafe"), (std::vector<std::string>{"DUMMY", "11"}));
+    EXPECT_EQ(march("Elm Books"), (std::vector<std::string>{"DUMMY"}));
+}
+
 struct Variation {
     const char* name;
     std::function<void(YearFile&)> change;

@@ -129,6 +129,12 @@ const Variation kVariations[] = {
          EXPECT_EQ(childText(bankGroup(y, "Summit Savings", 2), 4), y.cell(1, col::kSvBank));
          EXPECT_EQ(childText(card(y, "Visa"), 8), y.cell(1, col::kVisa));
      }},
+    {"AnEmptyStartingValueCountsAsZero",
+     [](YearFile& y) { setChildText(bankGroup(y, "Harbor Bank", 1), 3, ""); },
+     [](YearFile& y) {
+         EXPECT_EQ(y.cell(17, col::kCkRegister), "0.000000");
+         EXPECT_EQ(y.cell(16, col::kCkRegister), "-800.00");
+     }},
     {"AnUnreadableAmountEndsTheRun", [](YearFile& y) { setChildText(marchLine(y, 16), 2, "abc"); },
      [](YearFile& y) { EXPECT_EQ(y.prompter.shown.back(), "runtime error in displayMonth() "); }},
     {"ATipOnlyCountsOnARestaurantLine",

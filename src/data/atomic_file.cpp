@@ -37,6 +37,29 @@ void syncFolder(const std::filesystem::path& folder) {
     }
 }
 
+// The file a save must replace: `target` itself, or, when it is a symbolic
+// link, the file at the end of its chain of links (a relative link counts
+// from the folder that holds it). The links themselves stay as they are.
+std::filesystem::path followLinks(const std::filesystem::path& target) {
+    namespace fs = std::filesystem;
+    constexpr int kMaxLinks = 40;  // as the kernel's own limit
+    fs::path path = target;
+    std::error_code ec;
+    for (int links = 0; fs::is_symlink(fs::symlink_status(path, ec)); ++links) {
+        if (links == kMaxLinks)
+            fail(target, "too many levels of links", ELOOP);
+        fs::path next = fs::read_symlink(path, ec);
+        if (ec)
+            fail(target, "cannot read the link", ec.value());
+        path = next.is_absolute() ? next : path.parent_path() / next;
+    }
+    if (path != target && !fs::exists(fs::symlink_status(path, ec))) {
+        throw std::runtime_error("could not save " + target.string() + ": it is a link to " +
+                                 path.lexically_normal().string() + ", which does not exist");
+    }
+    return path;
+}
+
 // A replaced file keeps its permissions; a new one gets the usual 0644.
 mode_t modeFor(const std::filesystem::path& target) {
     struct stat st {};
@@ -47,7 +70,8 @@ mode_t modeFor(const std::filesystem::path& target) {
 
 }  // namespace
 
-void writeFileAtomically(const std::filesystem::path& target, std::string_view bytes) {
+void writeFileAtomically(const std::filesystem::path& saved, std::string_view bytes) {
+    const std::filesystem::path target = followLinks(saved);
     std::filesystem::path folder = target.parent_path();
     if (folder.empty())
         folder = ".";

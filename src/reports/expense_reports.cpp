@@ -25,6 +25,25 @@ constexpr size_t kRmdAccountName = 0;
 constexpr size_t kRmdAmount = 2;
 constexpr size_t kRmdCurrentDraw = 3;
 
+// The recurring report lists the monthly bills: recurring and automatic
+// expenses, and every expense of the "Credit Cards" category (a card's monthly
+// payment, whatever its type).
+constexpr std::string_view kCreditCardsCategory = "Credit Cards";
+constexpr std::string_view kNoEntry = "no entry";
+
+bool isMonthlyBill(std::string_view type) {
+    return type == "recurring" || type == "auto" || type == "Auto-Bank";
+}
+
+// A month's bill is still to pay until the bank has paid it: not paid yet
+// ("notpaid"), an automatic payment not made yet ("auto"), a check written but
+// not cleared ("pending") or a payment the bank is processing ("processing").
+// "cleared", "posted" and "posted check" are paid; "no entry" counts for
+// nothing.
+bool isStillToPay(std::string_view status) {
+    return status == kNotPaid || status == "auto" || status == "pending" || status == "processing";
+}
+
 std::vector<pugi::xml_node> expensesOf(pugi::xml_node category) {
     std::vector<pugi::xml_node> expenses;
     for (pugi::xml_node child : elementChildren(childAt(category, schema::kCategoryNames))) {
@@ -58,9 +77,9 @@ Report recurringReport(pugi::xml_node document, int month) {
     double total = 0.0;
     double leftToPay = 0.0;
     for (pugi::xml_node category : selectAll(document, paths::kAllCategoriesAny)) {
+        const bool cardPayments = attributeText("id", category) == kCreditCardsCategory;
         for (pugi::xml_node expense : expensesOf(category)) {
-            std::string type = childText(expense, kExpenseType);
-            if (type != "recurring" && type != "auto")
+            if (!cardPayments && !isMonthlyBill(childText(expense, kExpenseType)))
                 continue;
             pugi::xml_node entry = planMonth(expense, month);
             std::string amount = childText(entry, kEntryAmount);
@@ -68,11 +87,11 @@ Report recurringReport(pugi::xml_node document, int month) {
             report.rows.push_back({attributeText("id", expense), amount,
                                    childText(entry, schema::kEntryDueDate),
                                    childText(entry, schema::kEntryDatePaid), status});
-            if (status == "no entry")
+            if (status == kNoEntry)
                 continue;
             double value = planAmount(amount);
             total += value;
-            if (status == kNotPaid)
+            if (isStillToPay(status))
                 leftToPay += value;
         }
     }

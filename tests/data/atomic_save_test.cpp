@@ -99,6 +99,42 @@ TEST(AtomicSave, AFailedWriteLeavesTheOldFileAndNoTemporary) {
     EXPECT_THROW(doc.save(dir / "no such folder" / "tallix.xml"), std::runtime_error);
 }
 
+TEST(AtomicSave, WritesThroughALinkChainAndKeepsTheLinks) {
+    TempDir dir;
+    fs::create_directories(dir / "real");
+    fs::create_directories(dir / "data");
+    writeFile(dir / "real" / "tallix2026.xml", kOldBytes);
+    // data/tallix2026.xml -> data/middle.xml -> ../real/tallix2026.xml (relative).
+    fs::create_symlink("../real/tallix2026.xml", dir / "data" / "middle.xml");
+    fs::create_symlink("middle.xml", dir / "data" / "tallix2026.xml");
+    Document doc = largeDocument();
+    for (int save = 0; save < 2; ++save) {
+        doc.save(dir / "data" / "tallix2026.xml");
+        EXPECT_TRUE(fs::is_symlink(dir / "data" / "tallix2026.xml"));
+        EXPECT_TRUE(fs::is_symlink(dir / "data" / "middle.xml"));
+        EXPECT_TRUE(readFile(dir / "real" / "tallix2026.xml") == doc.serialize());
+        EXPECT_EQ(entriesIn(dir / "real"), 1u);
+        EXPECT_EQ(entriesIn(dir / "data"), 2u);
+        appendTextElement(doc.xml().child("tallix").child("descriptions"), "description", "more");
+    }
+}
+
+TEST(AtomicSave, ADanglingLinkIsRefusedAndLeftAsItIs) {
+    TempDir dir;
+    const fs::path link = dir / "tallix2026.xml";
+    fs::create_symlink(dir / "moved" / "tallix2026.xml", link);
+    try {
+        largeDocument().save(link);
+        ADD_FAILURE() << "the save did not fail";
+    } catch (const std::runtime_error& e) {
+        EXPECT_NE(std::string(e.what()).find("which does not exist"), std::string::npos)
+            << e.what();
+    }
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_FALSE(fs::exists(dir / "moved"));
+    EXPECT_EQ(entriesIn(dir.path()), 1u);
+}
+
 TEST(AtomicSave, AReadOnlyFolderRaisesAndKeepsTheOldFile) {
     TempDir dir;
     const fs::path folder = dir / "data";

@@ -84,6 +84,40 @@ TEST_F(ReportsTest, RecurringListsTheMonthsRecurringAndAutoExpensesWithTotals) {
     EXPECT_EQ(april.rows[3], (Row{"LEFT TO PAY", "0.00", "", "", ""}));
 }
 
+// November of the sample year, worked out by hand from examples/tallix2026.xml:
+//   Mortgage 1850.00 cleared, Electric 128.90 posted, Water 48.60 pending,
+//   Internet 84.99 posted, Car Insurance 128.50 posted, Doctor "no entry",
+//   Visa 310.00 pending, Mastercard 41.45 pending (Groceries, Resturants,
+//   Gasoline and Pharmacy are everyday spending, not listed).
+//   TOTAL       = 1850.00 + 128.90 + 48.60 + 84.99 + 128.50 + 310.00 + 41.45 = 2592.44
+//   LEFT TO PAY = the three checks not yet cleared: 48.60 + 310.00 + 41.45 = 400.05
+TEST_F(ReportsTest, RecurringCountsWhatIsStillToPayAndEveryCardPayment) {
+    Document sample = Document::load(test::sourceDir() / "examples/tallix2026.xml");
+    Report november = recurringReport(sample.node(), 11);
+    ASSERT_EQ(november.rows.size(), 10u);
+    EXPECT_EQ(november.rows[2], (Row{"Water", "48.60", "11/28/2026", "0", "pending"}));
+    EXPECT_EQ(november.rows[8], (Row{"TOTAL", "2592.44", "", "", ""}));
+    EXPECT_EQ(november.rows[9], (Row{"LEFT TO PAY", "400.05", "", "", ""}));
+
+    // March of the fixture: Power's automatic payment (status "auto") is not
+    // made yet, so it is still to pay beside Rent's 1200.00 "notpaid".
+    setNodeText(selectOne(plan.node(),
+                          "/tallix/catagories/category/names/name[@id='Power']/*[8]/*[3]/*[2]"),
+                "75.25");
+    Report march = recurringReport(plan.node(), 3);
+    EXPECT_EQ(march.rows[1], (Row{"Power", "75.25", "3/18/2026", "0", "auto"}));
+    EXPECT_EQ(march.rows.back(), (Row{"LEFT TO PAY", "1275.25", "", "", ""}));
+    // With Living renamed "Credit Cards", Groceries (accumulate, 395.50
+    // "notpaid") is a card payment and listed too.
+    setAttributeText("Credit Cards", "id",
+                     selectOne(plan.node(), "/tallix/catagories/category[@id='Living']"));
+    march = recurringReport(plan.node(), 3);
+    ASSERT_EQ(march.rows.size(), 5u);
+    EXPECT_EQ(march.rows[2], (Row{"Groceries", "395.50", "0", "0", "notpaid"}));
+    EXPECT_EQ(march.rows[3], (Row{"TOTAL", "1670.75", "", "", ""}));
+    EXPECT_EQ(march.rows[4], (Row{"LEFT TO PAY", "1670.75", "", "", ""}));
+}
+
 TEST_F(ReportsTest, MonthlyExpenseTotalsWriteTheExpectedFileAndReplaceIt) {
     Report report = buildReport(plan.node(), ReportKind::MonthlyExpenses, 3);
     ASSERT_EQ(report.rows.size(), 5u);

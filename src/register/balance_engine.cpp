@@ -334,17 +334,20 @@ class BalanceEngine {
     }
 
     // ---- closing -----------------------------------------------------------
+    // The closings are written in the plain amount form, also where no line
+    // of the month changed a column and its top cell still shows the
+    // starting row's text ("1200.500000").
     void close(int start) {
         const size_t next = static_cast<size_t>(month_ + 1);
+        auto closing = [&](int column) { return amountToText(value(0, column)); };
         for (const Bank& bank : institutions_.banks)
             for (const BankAccount& a : bank.accounts) {
                 if (a.reg.bound())
-                    write(childAt(a.reg.node, next), cell(0, a.reg.column));
+                    write(childAt(a.reg.node, next), closing(a.reg.column));
                 if (a.bank.bound()) {
-                    const std::string closing = cell(0, a.bank.column);
-                    if (closing == " ")
+                    if (cell(0, a.bank.column) == " ")
                         message(kBogusBankClosing);
-                    write(childAt(a.bank.node, next), closing);
+                    write(childAt(a.bank.node, next), closing(a.bank.column));
                 }
                 if (a.reg.bound())
                     t_.set(start, a.reg.column, "0");
@@ -352,7 +355,7 @@ class BalanceEngine {
                     t_.set(start, a.bank.column, "0");
             }
         for (const CreditCard& card : institutions_.cards) {
-            write(childAt(card.node, static_cast<size_t>(month_ + 5)), cell(0, card.column));
+            write(childAt(card.node, static_cast<size_t>(month_ + 5)), closing(card.column));
             t_.set(start, card.column, " ");
         }
         applyRmds();

@@ -19,6 +19,11 @@ inline constexpr const char* kExplanation =
     "will be the file name for next years data file. You can edit the file name to anything you "
     "want except the current file name as this will over write your current tallix and you would "
     "loose all the of this years data. Therefore this is prevented";
+// Shown beside the explanation.
+inline constexpr const char* kBalancesWorkedOutFirst =
+    "Before next years file is made, every month of the current year is worked out again, "
+    "January to December, and the current year is saved, so that next year starts from the "
+    "balances this year's lines make. Nothing that is due is posted while this is done.";
 inline constexpr const char* kSameFileName =
     "You are atempting to set next years tallix datafile to the same as the current "
     "filename.\nThis would overwrite your tallix's current data, or a previous years data,  so "

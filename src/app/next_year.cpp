@@ -1,6 +1,10 @@
 #include "app/next_year.h"
 
+#include <algorithm>
+#include <cctype>
+#include <optional>
 #include <stdexcept>
+#include <system_error>
 
 #include "app/guard.h"
 #include "app/session.h"
@@ -8,7 +12,11 @@
 #include "data/query.h"
 #include "data/schema_names.h"
 #include "data/text_utils.h"
+#include "data/values.h"
 #include "data/year_lookup.h"
+#include "register/balance_engine.h"
+#include "register/month_display.h"
+#include "register/month_lines.h"
 
 namespace tallix {
 namespace {
@@ -171,7 +179,110 @@ Document loadOrThrow(const std::filesystem::path& path) {
     return loaded;
 }
 
+std::string lowered(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
+// Whether `name` is one of `names`, letters compared without case, so that
+// a name that is another on a file system that ignores case is refused too.
+bool among(const std::string& name, const std::vector<std::string>& names) {
+    return std::any_of(names.begin(), names.end(),
+                       [&](const std::string& other) { return lowered(other) == lowered(name); });
+}
+
+// The names the new year's file may never take: the current file, the
+// index, the templates and every file the index names for another year.
+std::vector<std::string> namesInUse(Session& session, const std::string& yearToMake) {
+    std::vector<std::string> names = {
+        session.fileName, session.filePath.filename().string(), std::string(schema::kIndexFile),
+        std::string(schema::kFirstIndexFile), std::string(schema::kBlankYearFile)};
+    if (!selectOne(session.index.node(), paths::kRoot))
+        session.index = loadOrThrow(session.indexPath());
+    for (pugi::xml_node entry : elementChildren(requireOne(session.index.node(), paths::kRoot))) {
+        if (attributeText("year", entry) == yearToMake)
+            continue;
+        if (std::optional<std::string> name = plainYearFileName(childText(entry, 0)))
+            names.push_back(*name);
+    }
+    for (std::string& name : names)
+        name = plainYearFileName(name).value_or(name);
+    return names;
+}
+
+// Sets the session's month and grid back as they were when it goes.
+class KeepView {
+  public:
+    explicit KeepView(Session& session)
+        : session_(session), month_(session.month), view_(session.view) {}
+    ~KeepView() {
+        session_.month = month_;
+        session_.view = std::move(view_);
+    }
+    KeepView(const KeepView&) = delete;
+    KeepView& operator=(const KeepView&) = delete;
+
+  private:
+    Session& session_;
+    int month_;
+    RegisterView view_;
+};
+
+// Works every month out again, January to December, so that each month's
+// closing reaches the next and December's is the year's: Update all months
+// without posting what is due (the year is closed as its lines stand) and
+// without the notice for a month without lines, which is passed over. The
+// grid and the displayed month are left as they were. True when the data
+// document changed.
+bool workOutMonths(Session& session) {
+    KeepView kept(session);
+    prepareColumns(session);
+    bool changed = false;
+    for (int m = 1; m <= 12; ++m) {
+        session.month = m;
+        if (monthLines(session.data.node(), monthName(m)).empty())
+            continue;
+        FilltallixListBox(session);
+        session.view.table.clear();
+        readLinesIntoTable(session.data.node(), monthName(m), m, session.year,
+                           static_cast<int>(session.view.grid.columns.size()), session.view.fields,
+                           session.view.table);
+        try {
+            changed |= runBalanceEngine(session);
+        } catch (...) {
+            // What the months before wrote is kept, as Update all months keeps it.
+            if (changed)
+                session.saveData();
+            throw;
+        }
+    }
+    return changed;
+}
+
 }  // namespace
+
+std::optional<std::string> plainYearFileName(const std::string& typed) {
+    // A name from the root, or from a drive, leaves the data folder.
+    if (typed.empty() || typed.front() == '/' || typed.front() == '\\' ||
+        typed.find(':') != std::string::npos)
+        return std::nullopt;
+    std::vector<std::string> parts;
+    for (const std::string& part : split(typed, "/")) {
+        for (const std::string& piece : split(part, "\\")) {
+            if (piece == "..") {
+                if (parts.empty())
+                    return std::nullopt;
+                parts.pop_back();
+            } else if (!piece.empty() && piece != ".") {
+                parts.push_back(piece);
+            }
+        }
+    }
+    if (parts.size() != 1 || parts[0].size() <= 4 || !lowered(parts[0]).ends_with(".xml"))
+        return std::nullopt;
+    return parts[0];
+}
 
 NextYearFields nextYearFields(const Session& session) {
     return {session.yearText, session.fileName, std::to_string(session.year + 1),
@@ -206,25 +317,44 @@ void resetRegister(pugi::xml_node document) {
 }
 
 bool makeNextYear(Session& session, const std::string& nextFileName) {
-    if (nextFileName == session.fileName) {
+    const int newYear = session.year + 1;
+    const std::optional<std::string> name = plainYearFileName(nextFileName);
+    if (!name) {
+        session.prompter().notify(next_year_texts::badFileName(newYear));
+        return false;
+    }
+    const std::filesystem::path target = session.inDataFolder(*name);
+    // An existing file is never replaced (and a name whose file cannot be
+    // looked at is an error, not a free name).
+    if (among(*name, namesInUse(session, std::to_string(newYear))) ||
+        std::filesystem::symlink_status(target).type() != std::filesystem::file_type::not_found) {
         session.prompter().notify(next_year_texts::kSameFileName);
         return false;
     }
-    const int newYear = session.year + 1;
     if (session.data.loadFailed())
         throw std::runtime_error("the current data file could not be read: " +
                                  session.data.loadError());
-    recordNextYear(session, std::to_string(newYear), nextFileName);
 
-    const std::filesystem::path target = session.inDataFolder(nextFileName);
-    session.data.save(target);
-    Document next = loadOrThrow(target);
+    if (workOutMonths(session))
+        session.saveData();
+
+    Document next = Document::parse(session.data.serialize(), target);
+    if (next.loadFailed())
+        throw std::runtime_error(next.loadError());
     carryOverToNextYear(next.node(), newYear);
     resetRegister(next.node());
     next.save(target);
+    try {
+        recordNextYear(session, std::to_string(newYear), *name);
+    } catch (...) {
+        // The year is not made: its file goes, so the name stays free.
+        std::error_code ignored;
+        std::filesystem::remove(target, ignored);
+        throw;
+    }
 
     session.data = loadOrThrow(target);
-    session.fileName = nextFileName;
+    session.fileName = *name;
     session.filePath = target;
     session.setYear(newYear);
     return true;

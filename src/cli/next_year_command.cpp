@@ -1,4 +1,5 @@
 // tallix-cli next-year: Make next year without a display.
+#include <optional>
 #include <ostream>
 
 #include "app/next_year.h"
@@ -11,8 +12,9 @@
 namespace tallix::cli {
 namespace {
 
-// Takes "--name FILE" out of `arguments`; false when it is malformed.
-bool takeName(Arguments& arguments, std::string& name) {
+// Takes "--name FILE" out of `arguments`; false when FILE is missing. An
+// empty FILE is kept: Make next year refuses it with its message.
+bool takeName(Arguments& arguments, std::optional<std::string>& name) {
     for (size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] != "--name")
             continue;
@@ -21,7 +23,7 @@ bool takeName(Arguments& arguments, std::string& name) {
         name = arguments[i + 1];
         arguments.erase(arguments.begin() + static_cast<std::ptrdiff_t>(i),
                         arguments.begin() + static_cast<std::ptrdiff_t>(i + 2));
-        return !name.empty();
+        return true;
     }
     return true;
 }
@@ -34,7 +36,7 @@ bool isYear(const std::string& text) {
 
 int runNextYear(const Arguments& given, std::ostream& out, std::ostream& err) {
     Arguments arguments = given;
-    std::string name;
+    std::optional<std::string> name;
     if (!takeName(arguments, name) || arguments.size() != 2 || !isYear(arguments[1]))
         return kUsage;
     const int year = std::stoi(arguments[1]);
@@ -56,10 +58,7 @@ int runNextYear(const Arguments& given, std::ostream& out, std::ostream& err) {
     if (session.data.loadFailed())
         return kFailed;
     session.setYear(year);
-    if (name.empty())
-        name = defaultYearFileName(year + 1);
-
-    if (!OnToolsMakenextyear(session, name))
+    if (!OnToolsMakenextyear(session, name.value_or(defaultYearFileName(year + 1))))
         return kFailed;
     out << session.filePath.string() << '\n';
     return kOk;

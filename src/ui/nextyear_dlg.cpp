@@ -21,6 +21,9 @@ CNextyearDlg::CNextyearDlg(Session& session, QWidget* parent) : QDialog(parent),
 
     auto* explanation = new QLabel(QString::fromUtf8(next_year_texts::kExplanation), this);
     explanation->setWordWrap(true);
+    auto* balancesNote =
+        new QLabel(QString::fromUtf8(next_year_texts::kBalancesWorkedOutFirst), this);
+    balancesNote->setWordWrap(true);
     auto readOnly = [this](const std::string& text) {
         auto* edit = new QLineEdit(QString::fromStdString(text), this);
         edit->setReadOnly(true);
@@ -43,6 +46,7 @@ CNextyearDlg::CNextyearDlg(Session& session, QWidget* parent) : QDialog(parent),
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(explanation);
+    layout->addWidget(balancesNote);
     layout->addLayout(form);
     layout->addLayout(buttons);
     resize(520, sizeHint().height());

@@ -12,8 +12,10 @@ class Session;
 namespace tallix::ui {
 
 // Tools > Make next year: shows the current year and file, the year to make
-// and an editable file name for it; CREATE NEXT YEARS TALLIX makes the year
-// (the core refuses the current file name), Cancel changes nothing. The
+// and an editable file name for it, and says that the current year's
+// balances are worked out again first; CREATE NEXT YEARS TALLIX makes the
+// year (the core refuses a name that could replace a file), Cancel changes
+// nothing. The
 // dialog is accepted once the new year was made.
 class CNextyearDlg : public QDialog {
     Q_OBJECT

@@ -2,23 +2,25 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
+#include <map>
 
 #include "app/data_folder.h"
 #include "data/query.h"
 #include "data/structure_check.h"
 #include "data/values.h"
+#include "register/month_display.h"
 
 namespace tallix {
 namespace {
 
 using test::readFile;
 
-std::set<std::string> filesIn(const std::filesystem::path& folder) {
-    std::set<std::string> names;
+// Every file of `folder` with its bytes.
+std::map<std::string, std::string> filesIn(const std::filesystem::path& folder) {
+    std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::directory_iterator(folder))
-        names.insert(entry.path().filename().string());
-    return names;
+        files[entry.path().filename().string()] = readFile(entry.path());
+    return files;
 }
 
 // The sample year as 2026's file, opened.
@@ -51,19 +53,79 @@ TEST_F(NextYearTest, DialogFieldsSuggestNextYearsDefaultName) {
               (Texts{"2026", "tallix2026.xml", "2027", "tallix2027.xml"}));
 }
 
-TEST_F(NextYearTest, TheCurrentFileNameIsRefusedAndNothingIsWritten) {
-    const std::set<std::string> before = filesIn(session.dataFolder());
+// No name can replace the current year, another year, the index or a
+// template, and none can leave the data folder.
+TEST_F(NextYearTest, ANameThatCouldReplaceAFileOrLeaveTheFolderIsRefusedAndNothingIsWritten) {
+    setEntry("2025", "old2025.xml", "initialized");  // named, not on disk
+    test::writeFile(session.inDataFolder("notes.xml"), "<notes/>");
+    const std::string same = next_year_texts::kSameFileName;
+    const std::string bad = next_year_texts::badFileName(2027);
+    const std::pair<const char*, std::string> cases[] = {{"tallix2026.xml", same},
+                                                         {"./tallix2026.xml", same},
+                                                         {"a/../tallix2026.xml", same},
+                                                         {"Tallix2026.XML", same},
+                                                         {"tallix.xml", same},
+                                                         {"first_tallix.xml", same},
+                                                         {"blank_tallix.xml", same},
+                                                         {"old2025.xml", same},
+                                                         {"notes.xml", same},
+                                                         {"../x.xml", bad},
+                                                         {"a/x.xml", bad},
+                                                         {"/tmp/x.xml", bad},
+                                                         {"tallix2027", bad},
+                                                         {".xml", bad},
+                                                         {"", bad}};
+    const auto before = filesIn(session.dataFolder());
+    for (const auto& [name, message] : cases) {
+        prompter.shown.clear();
+        EXPECT_FALSE(OnToolsMakenextyear(session, name)) << name;
+        EXPECT_EQ(prompter.shown, Texts{message}) << name;
+        EXPECT_EQ(filesIn(session.dataFolder()), before) << name;
+        EXPECT_EQ(session.year, 2026);
+        EXPECT_EQ(session.fileName, "tallix2026.xml");
+    }
+    EXPECT_FALSE(std::filesystem::exists(session.dataFolder().parent_path() / "x.xml"));
+}
+
+// A year file that cannot be written leaves the index as it was: the entry
+// of the year to make still names its file.
+TEST_F(NextYearTest, ANewFileThatCannotBeWrittenLeavesTheIndexAsItWas) {
+    setEntry("2027", "tallix2027.xml", "initialized");
     const std::string index = readFile(session.indexPath());
-    const std::string data = readFile(session.filePath);
-
-    EXPECT_FALSE(OnToolsMakenextyear(session, "tallix2026.xml"));
-
-    EXPECT_EQ(prompter.shown, Texts{next_year_texts::kSameFileName});
-    EXPECT_EQ(filesIn(session.dataFolder()), before);
+    testing::internal::CaptureStderr();
+    // A name the folder takes, but not the temporary file a save writes first.
+    EXPECT_FALSE(OnToolsMakenextyear(session, std::string(251, 'n') + ".xml"));
+    testing::internal::GetCapturedStderr();
+    ASSERT_FALSE(prompter.shown.empty());
+    EXPECT_EQ(prompter.shown.back(), "runtime error in OnToolsMakenextyear() ");
     EXPECT_EQ(readFile(session.indexPath()), index);
-    EXPECT_EQ(readFile(session.filePath), data);
     EXPECT_EQ(session.year, 2026);
-    EXPECT_EQ(session.fileName, "tallix2026.xml");
+}
+
+// The closings carried are the ones the year's lines make, worked out month
+// by month, whatever the file held; the current year is saved with them and
+// nothing due is posted into it.
+TEST_F(NextYearTest, TheClosingsCarriedAreTheOnesTheYearsLinesMake) {
+    const std::filesystem::path copy = tmp / "worked.xml";
+    std::filesystem::copy_file(session.filePath, copy);
+    Session worked(env, prompter);
+    worked.openDataPath(copy);
+    worked.setYear(2026);
+    for (int m = 1; m <= 12; ++m) {
+        worked.month = m;
+        ASSERT_TRUE(Refresh(worked)) << m;  // the month's lines, nothing posted
+    }
+    const std::string closing = nodeText(elementChildren(bankColumn(worked.data, 1)).back());
+    pugi::xml_node visa = requireOne(worked.data.node(), paths::kInstitutionName, "Visa");
+    const std::string visaClosing = nodeText(elementChildren(visa).back());
+    ASSERT_NE(closing, "0");
+
+    ASSERT_TRUE(OnToolsMakenextyear(session, "tallix2027.xml"));
+
+    EXPECT_EQ(childText(bankColumn(session.data, 1), 1), closing);
+    EXPECT_EQ(childText(requireOne(session.data.node(), paths::kInstitutionName, "Visa"), 2),
+              visaClosing);
+    EXPECT_EQ(readFile(session.inDataFolder("tallix2026.xml")), readFile(copy));
 }
 
 TEST_F(NextYearTest, AFailureIsReportedAndTheSessionKeepsItsYear) {
@@ -79,9 +141,6 @@ TEST_F(NextYearTest, AFailureIsReportedAndTheSessionKeepsItsYear) {
 }
 
 TEST_F(NextYearTest, TheNewFileIsCarriedOverEnteredInTheIndexAndBecomesTheSessionsFile) {
-    setNodeText(elementChildren(bankColumn(session.data, 1)).back(), "5120.40");
-    session.saveData();
-    const std::string lastYear = readFile(session.filePath);
     ASSERT_TRUE(OnToolsMakenextyear(session, "home 2027.xml"))
         << ::testing::PrintToString(prompter.shown);
     EXPECT_TRUE(prompter.shown.empty());
@@ -94,12 +153,10 @@ TEST_F(NextYearTest, TheNewFileIsCarriedOverEnteredInTheIndexAndBecomesTheSessio
     EXPECT_EQ(session.fileName, "home 2027.xml");
     EXPECT_EQ(session.filePath, session.inDataFolder("home 2027.xml"));
     EXPECT_EQ(session.data.serialize(), readFile(session.filePath));
-    EXPECT_EQ(readFile(session.inDataFolder("tallix2026.xml")), lastYear);
 
     // Carried over, and every month holds only its blank line.
     Document made = Document::load(session.filePath);
     EXPECT_EQ(checkStructure(made.node()), Texts{});
-    EXPECT_EQ(childText(bankColumn(made, 1), 1), "5120.40");
     for (int m = 1; m <= 12; ++m) {
         std::vector<pugi::xml_node> lines =
             selectAll(made.node(), paths::kMonthByName, monthName(m), paths::kCloseChildren);
@@ -128,20 +185,6 @@ TEST_F(NextYearTest, AnIndexEntryIsCompletedOrAddedInYearOrder) {
     ASSERT_TRUE(OnToolsMakenextyear(session, "next.xml"));
     EXPECT_EQ(textsOf(yearEntry(Document::load(session.indexPath()).node(), "2027")),
               (Texts{"next.xml", "initialized"}));
-}
-
-TEST_F(NextYearTest, MakingNextYearTwiceWithOneNameOverwritesTheFirst) {
-    ASSERT_TRUE(OnToolsMakenextyear(session, "tallix2027.xml"));
-    session.openDataFile("tallix2026.xml");
-    session.setYear(2026);
-    setNodeText(elementChildren(bankColumn(session.data, 1)).back(), "777.77");
-    session.saveData();
-
-    ASSERT_TRUE(OnToolsMakenextyear(session, "tallix2027.xml"));
-
-    Document made = Document::load(session.inDataFolder("tallix2027.xml"));
-    EXPECT_EQ(childText(bankColumn(made, 1), 1), "777.77");
-    EXPECT_EQ(yearLookup(Document::load(session.indexPath()).node(), "2027"), "tallix2027.xml");
 }
 
 // The carry-over rules on a small year, one of each kind of entry.

@@ -1,6 +1,7 @@
 // tallix-cli next-year and report, run as processes in temporary folders.
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 
 #include "cli/run_cli.h"
@@ -70,15 +71,43 @@ TEST_F(NextYearAndReportCommands, AReportOverAnAmountThatIsNotANumberFails) {
               "runtime error in OnReportsMonthlytotals() \n");
 }
 
-TEST_F(NextYearAndReportCommands, NextYearMakesTheFileAndRefusesTheCurrentName) {
-    const std::string before = readFile(folder / "tallix.xml");
-    EXPECT_EQ(run("next-year " + shellQuoted(root) + " 2026 --name tallix2026.xml"), 3);
-    EXPECT_NE(err.find("You are atempting to set next years tallix datafile"), std::string::npos);
-    EXPECT_EQ(readFile(folder / "tallix.xml"), before);
+// Every file of `folder` with its bytes.
+std::map<std::string, std::string> filesIn(const std::filesystem::path& folder) {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        files[entry.path().filename().string()] = readFile(entry.path());
+    return files;
+}
 
+TEST_F(NextYearAndReportCommands, NextYearRefusesANameThatCouldReplaceAFileOrLeaveTheFolder) {
+    Document index = Document::load(folder / "tallix.xml");
+    setChildText(yearEntry(index.node(), "2025"), 0, "tallix2025.xml");
+    index.save(folder / "tallix.xml");
+    const std::string same =
+        "You are atempting to set next years tallix datafile to the same as "
+        "the current filename.\nThis would overwrite";
+    const std::string bad = "The next years filename must be a plain file name that ends in .xml";
+    const std::pair<const char*, std::string> cases[] = {
+        {"./tallix2026.xml", same}, {"tallix.xml", same},
+        {"blank_tallix.xml", same}, {"first_tallix.xml", same},
+        {"tallix2025.xml", same},   {"../x.xml", bad},
+        {"tallix2027", bad},        {"", bad}};
+    const auto before = filesIn(folder);
+    for (const auto& [name, message] : cases) {
+        EXPECT_EQ(run("next-year " + shellQuoted(root) + " 2026 --name '" + name + "'"), 3) << name;
+        EXPECT_NE(err.find(message), std::string::npos) << name << ": " << err;
+        EXPECT_EQ(filesIn(folder), before) << name;
+    }
+    EXPECT_FALSE(std::filesystem::exists(root / "x.xml"));
+}
+
+TEST_F(NextYearAndReportCommands, NextYearMakesTheFileOnce) {
     ASSERT_EQ(run("next-year " + shellQuoted(root) + " 2026"), 0) << err;
     EXPECT_EQ(out, (folder / "tallix2027.xml").string() + "\n");
     EXPECT_EQ(yearLookup(Document::load(folder / "tallix.xml").node(), "2027"), "tallix2027.xml");
+    const std::string made = readFile(folder / "tallix2027.xml");
+    EXPECT_EQ(run("next-year " + shellQuoted(root) + " 2026"), 3);  // it exists now
+    EXPECT_EQ(readFile(folder / "tallix2027.xml"), made);
 
     EXPECT_EQ(run("next-year " + shellQuoted(root) + " 2025"), 3);  // no file for 2025
     EXPECT_EQ(run("next-year " + shellQuoted(root)), 2);

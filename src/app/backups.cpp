@@ -28,7 +28,7 @@ void checkBackupTarget(Session& session) {
 }
 
 void writeExitBackups(Session& session) {
-    if (session.data.loadFailed())
+    if (!session.hasDataFile())
         return;
     std::filesystem::path local =
         localBackupFolder(session.env().documentsFolder()) / session.fileName;

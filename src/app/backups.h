@@ -33,7 +33,8 @@ void checkBackupTarget(Session& session);
 // Exit: saves the data document into the local backup folder, then into the
 // cloud backup folder when it exists (after a warning, into the local one
 // again). Throws when a copy cannot be written; the local folder is not
-// created here. A data file that could not be read has nothing to back up.
+// created here. Without a data file (a start-up that failed or closed early)
+// or with one that could not be read there is nothing to back up.
 void writeExitBackups(Session& session);
 
 }  // namespace tallix

@@ -29,6 +29,9 @@ class Session {
     // Opens a data file anywhere (tallix-cli works on the file it is given).
     void openDataPath(const std::filesystem::path& path);
     void saveData() const;
+    // Whether a data file was opened and read (not so after a start-up that
+    // failed early or a file that could not be read).
+    bool hasDataFile() const { return !fileName.empty() && !data.loadFailed(); }
     void saveIndex() const;
 
     Document data;

@@ -6,10 +6,14 @@
 
 namespace tallix {
 
-void openYearAtStartup(Session& session) {
+bool openYearAtStartup(Session& session) {
     installMissingFiles(session.dataFolder(), session.env().documentsFolder());
     loadOrCreateIndex(session);
-    session.openDataFile(chooseStartupFile(session));
+    std::optional<std::string> name = chooseStartupFile(session);
+    if (!name)
+        return false;
+    session.openDataFile(*name);
+    return true;
 }
 
 }  // namespace tallix

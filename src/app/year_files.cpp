@@ -1,9 +1,12 @@
 #include "app/year_files.h"
 
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
 
 #include "app/guard.h"
 #include "app/session.h"
+#include "data/atomic_file.h"
 #include "data/node_text.h"
 #include "data/schema_names.h"
 #include "data/year_lookup.h"
@@ -20,17 +23,6 @@ std::string newYearFileName(std::string_view year) {
 
 std::string blankTemplatePath(const Session& session) {
     return session.inDataFolder(std::string(schema::kBlankYearFile)).string();
-}
-
-// A blank year saved under the year's default name becomes the working file.
-// A file of that name already in the data folder is opened, never replaced.
-std::string startFromBlankYear(Session& session, std::string_view year) {
-    std::string name = newYearFileName(year);
-    if (std::filesystem::exists(session.inDataFolder(name)))
-        return name;
-    session.data = Document::load(blankTemplatePath(session));
-    session.data.save(session.inDataFolder(name));
-    return name;
 }
 
 // Writes `name` into the year's index entry (file name first, status word
@@ -68,20 +60,59 @@ bool hasNoFileYet(const std::string& lookup) {
     return lookup == schema::kNotInitialized || lookup == schema::kNoFileForThisYear;
 }
 
-}  // namespace
-
-std::string choosePreviousYearFile(Session& session, std::string_view year) {
-    std::string lookup = yearLookup(session.index.node(), year);
-    // Only an empty year text gives exactly this result; any other missing
-    // entry is taken as a file name whose load then fails.
-    if (lookup != schema::kNoEntryForYear)
-        return lookup;
-    if (session.prompter().askYesNo(year_texts::kNoPreviousYearEntry) == Answer::Yes)
-        return getfile(session, year);
-    return startFromBlankYear(session, year);
+// A blank year is the template copied to the year's own file, which the
+// index then names. A file of that name already in the data folder is opened
+// instead, never replaced, and the user is told so.
+std::string startFromBlankYear(Session& session, std::string_view year) {
+    std::string name = newYearFileName(year);
+    std::filesystem::path target = session.inDataFolder(name);
+    if (std::filesystem::exists(target)) {
+        session.prompter().notify(year_texts::existingYearFileOpened(name, year));
+    } else {
+        std::ifstream in(blankTemplatePath(session), std::ios::binary);
+        if (!in.is_open())
+            throw std::runtime_error("cannot read " + blankTemplatePath(session));
+        std::ostringstream bytes;
+        bytes << in.rdbuf();
+        writeFileAtomically(target, bytes.str());
+    }
+    recordInIndex(session, year, name, schema::kInitialized);
+    return name;
 }
 
-std::string chooseStartupFile(Session& session) {
+// Start-up ends without a year: the user is told why the program closes.
+std::optional<std::string> closeWithoutAYear(Session& session) {
+    session.prompter().notify(year_texts::kNoYearFileChosen);
+    return std::nullopt;
+}
+
+// The lookup names a file that is in the data folder (the status texts and
+// a missing file do not).
+bool namesAnExistingFile(const Session& session, const std::string& lookup) {
+    std::error_code ec;
+    return !lookup.empty() && std::filesystem::is_regular_file(session.inDataFolder(lookup), ec);
+}
+
+// The previous-year branch, with the session already on the previous year.
+// A previous year without a file in the data folder lets the user pick one,
+// or begins `currentYear` from the blank template.
+std::optional<std::string> choosePreviousYearFile(Session& session, std::string_view currentYear) {
+    std::string lookup = yearLookup(session.index.node(), session.yearText);
+    if (namesAnExistingFile(session, lookup))
+        return lookup;
+    if (session.prompter().askYesNo(year_texts::kNoPreviousYearEntry) == Answer::Yes) {
+        std::string picked = getfile(session, session.yearText);
+        if (picked.empty() || picked == "0")
+            return closeWithoutAYear(session);
+        return picked;
+    }
+    session.setYear(std::stoi(std::string(currentYear)));
+    return startFromBlankYear(session, currentYear);
+}
+
+}  // namespace
+
+std::optional<std::string> chooseStartupFile(Session& session) {
     std::string lookup = yearLookup(session.index.node(), session.yearText);
     if (lookup != schema::kNoFileForThisYear)
         return lookup;
@@ -89,22 +120,13 @@ std::string chooseStartupFile(Session& session) {
     Prompter& prompter = session.prompter();
     prompter.notify(year_texts::kNoFileForCurrentYear);
     if (prompter.askYesNoCancel(year_texts::kLoadPreviousYear) != Answer::No) {
+        const std::string currentYear = session.yearText;
         session.setYear(session.year - 1);
-        return choosePreviousYearFile(session, session.yearText);
+        return choosePreviousYearFile(session, currentYear);
     }
     if (prompter.askYesNoCancel(year_texts::kLoadBlankForThisYear) != Answer::Yes)
-        return lookup;
-
-    session.data = Document::load(blankTemplatePath(session));
-    pugi::xml_node entry = yearEntry(session.index.node(), session.yearText);
-    if (!entry) {
-        prompter.notify(std::string(schema::kNoEntryForYear) + session.yearText);
-        return lookup;
-    }
-    std::string name(schema::kBlankYearFile);
-    setChildText(entry, 0, name);
-    session.saveIndex();
-    return name;
+        return closeWithoutAYear(session);
+    return startFromBlankYear(session, session.yearText);
 }
 
 std::string getfile(Session& session, std::string_view year) {

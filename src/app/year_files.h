@@ -1,6 +1,7 @@
 #pragma once
 // Which data file belongs to which year: the start-up choice, attaching an
 // existing file to a year, and switching years from the Years menu.
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,16 +28,22 @@ inline constexpr const char* kLoadBlankForThisYear =
     "Do you want to load a blank data file for this year";
 inline constexpr const char* kNoDataFileForSelectedYear =
     "There is no data file for the year you have selected. Do you want to load one?";
+inline constexpr const char* kNoYearFileChosen =
+    "No data file was chosen for this year, so Tallix closes. Start Tallix again to choose an "
+    "existing data file or to begin the year with a blank one.";
+inline std::string existingYearFileOpened(std::string_view name, std::string_view year) {
+    return std::string(name) + " is already in the data folder, so Tallix opens it for " +
+           std::string(year) + " instead of a blank data file. Nothing was overwritten.";
+}
 }  // namespace year_texts
 
 // Start-up: decides the data file of the session's year, asking the user
 // where the index has no file for it. May move the session to the previous
-// year. Returns the bare file name to open from the data folder.
-std::string chooseStartupFile(Session& session);
-
-// The previous-year branch of the start-up choice, for the year text `year`
-// (public so that every branch can be exercised).
-std::string choosePreviousYearFile(Session& session, std::string_view year);
+// year. Returns the bare file name to open from the data folder, or nothing
+// when the user chose no file (they were told that the program closes).
+// A blank year is the template copied to "tallixYYYY.xml" and entered in the
+// index; an existing file of that name is opened instead, never replaced.
+std::optional<std::string> chooseStartupFile(Session& session);
 
 // Lets the user pick an existing data file for `year`, loads it as the data
 // document and records it in the index. Returns the file name the index now

@@ -40,7 +40,10 @@ CTallixDlg::CTallixDlg(Session& session, QWidget* parent) : QDialog(parent), ses
 
 void CTallixDlg::OnInitDialog() {
     guarded(session_.prompter(), "OnInitDialog", [&] {
-        openYearAtStartup(session_);
+        if (!openYearAtStartup(session_)) {
+            closedAtStartup_ = true;
+            return;
+        }
         checkBackupTarget(session_);
         loadColumns(session_);
         setWindowTitle(QString::fromStdString(session_.title()));
@@ -51,6 +54,13 @@ void CTallixDlg::OnInitDialog() {
         monthButtons_->press(session_.month);
         buildCustomersMenu();
     });
+    // The user chose no year file and was told that the program closes.
+    if (closedAtStartup_)
+        OnBnClickedCancel();
+}
+
+int CTallixDlg::exec() {
+    return closedAtStartup_ ? result() : QDialog::exec();
 }
 
 void CTallixDlg::OnBnClickedCancel() {

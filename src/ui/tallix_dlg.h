@@ -23,10 +23,14 @@ class CTallixDlg : public QDialog {
   public:
     explicit CTallixDlg(Session& session, QWidget* parent = nullptr);
 
-    // The start-up sequence, from the data files to the Customers menu.
+    // The start-up sequence, from the data files to the Customers menu. When
+    // the user chooses no year file the window closes at once.
     void OnInitDialog();
+    // Runs the window; returns at once when start-up closed it.
+    int exec() override;
     // Exit (File > Exit, Escape, closing the window): writes the backups, then
-    // closes; a failed backup keeps the window open.
+    // closes; a failed backup keeps the window open. Without a data file there
+    // is nothing to back up and the window closes.
     void OnBnClickedCancel();
     // A month button: shows that month; a month without lines is refused and
     // the grid keeps what it showed.
@@ -74,6 +78,7 @@ class CTallixDlg : public QDialog {
     void fitWidthToGrid();
 
     Session& session_;
+    bool closedAtStartup_ = false;
     QMenuBar* menuBar_ = nullptr;
     QMenu* customersMenu_ = nullptr;
     MonthButtons* monthButtons_ = nullptr;

@@ -78,6 +78,20 @@ TEST_F(BackupsTest, AFileThatCouldNotBeReadIsNotBackedUp) {
     EXPECT_EQ(readFile(localBackup()), "the last good backup");
 }
 
+// A start-up that failed before any data file was opened leaves nothing to
+// back up: exit writes nothing and succeeds, even without the backup folder.
+TEST_F(BackupsTest, ExitBeforeAnyDataFileWasOpenedBacksUpNothing) {
+    for (bool backupFolder : {true, false}) {
+        if (!backupFolder)
+            std::filesystem::remove_all(env.documents / "tallix");
+        test::ScriptedPrompter quiet;
+        Session early(env, quiet);
+        EXPECT_NO_THROW(writeExitBackups(early)) << backupFolder;
+        EXPECT_TRUE(quiet.shown.empty());
+        EXPECT_FALSE(std::filesystem::exists(localBackup()));
+    }
+}
+
 // Runs `body` with the working directory set to `folder`.
 template <typename Body>
 void inFolder(const std::filesystem::path& folder, Body body) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/data_folder.h"
+#include "app/startup.h"
 #include "app/year_files.h"
 #include "data/query.h"
 
@@ -50,6 +51,7 @@ TEST_F(YearFilesTest, StartupTakesTheIndexedFileOrTheLookupTextWithoutAsking) {
 }
 
 TEST_F(YearFilesTest, StartupWithoutAFileOffersThePreviousYear) {
+    addYearFile("tallix2025.xml");
     setEntry("2025", "tallix2025.xml", "initialized");
     for (Answer answer : {Answer::Yes, Answer::Cancel}) {
         session.setYear(2026);
@@ -64,54 +66,93 @@ TEST_F(YearFilesTest, StartupWithoutAFileOffersThePreviousYear) {
     }
 }
 
-TEST_F(YearFilesTest, ThePreviousYearsLookupTextIsTakenAsItStands) {
-    prompter.answers = {Answer::Yes};
-    EXPECT_EQ(chooseStartupFile(session), "no file for this year");
+// The notice that ends a start-up where no year file was chosen.
+constexpr const char* kCloses =
+    "No data file was chosen for this year, so Tallix closes. Start Tallix again to choose an "
+    "existing data file or to begin the year with a blank one.";
 
-    removeEntry("2025");
-    session.setYear(2026);
-    prompter.answers = {Answer::Yes};
-    EXPECT_EQ(chooseStartupFile(session), "no entry for year 2025");
-    EXPECT_EQ(prompter.shown.size(), 4u);
-}
+// Every answer to the start-up questions on a fresh data folder (on 15 March
+// 2026) ends with a year file open and indexed, or with the closing notice and
+// the index as it was.
+TEST_F(YearFilesTest, EveryStartupAnswerOnAFreshFolderOpensAYearOrSaysWhyItCloses) {
+    using enum Answer;
+    std::filesystem::copy_file(session.inDataFolder("blank_tallix.xml"), tmp / "mine.xml");
+    const std::optional<std::filesystem::path> cancelled;
+    const struct {
+        std::vector<Answer> answers;
+        std::vector<std::optional<std::filesystem::path>> picks;
+        std::string file;  // "" when start-up closes
+        int year;
+    } cases[] = {
+        {{Yes, Yes}, {tmp / "mine.xml"}, "mine.xml", 2025},
+        {{Cancel, Yes}, {tmp / "mine.xml"}, "mine.xml", 2025},
+        {{Yes, Yes}, {cancelled}, "", 2025},
+        {{Yes, No}, {}, "tallix2026.xml", 2026},
+        {{Cancel, No}, {}, "tallix2026.xml", 2026},
+        {{No, Yes}, {}, "tallix2026.xml", 2026},
+        {{No, No}, {}, "", 2026},
+        {{No, Cancel}, {}, "", 2026},
+    };
+    int run = 0;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(run);
+        env.root = tmp / ("run" + std::to_string(++run));
+        test::ScriptedPrompter asked;
+        asked.answers = {c.answers.begin(), c.answers.end()};
+        asked.files = {c.picks.begin(), c.picks.end()};
+        Session fresh(env, asked);
+        testing::internal::CaptureStdout();
+        installMissingFiles(fresh.dataFolder(), env.documents);
+        loadOrCreateIndex(fresh);
+        const std::string index = readFile(fresh.indexPath());
+        openYearAtStartup(fresh);
+        testing::internal::GetCapturedStdout();
 
-TEST_F(YearFilesTest, StartupCanBeginTheYearFromTheBlankTemplate) {
-    prompter.answers = {Answer::No, Answer::Yes};
-    EXPECT_EQ(chooseStartupFile(session), "blank_tallix.xml");
-    EXPECT_EQ(prompter.shown.back(), "Do you want to load a blank data file for this year");
-    EXPECT_EQ(indexEntryText("2026", 0), "blank_tallix.xml");
-    EXPECT_EQ(session.year, 2026);
-    EXPECT_EQ(selectAll(session.data.node(), paths::kAllMonths).size(), 12u);
-}
-
-TEST_F(YearFilesTest, DecliningTheBlankYearLeavesNoFileToOpen) {
-    for (Answer second : {Answer::No, Answer::Cancel}) {
-        std::string before = readFile(session.indexPath());
-        prompter.answers = {Answer::No, second};
-        EXPECT_EQ(chooseStartupFile(session), "no file for this year");
-        EXPECT_EQ(readFile(session.indexPath()), before);
+        EXPECT_TRUE(asked.answers.empty() && asked.files.empty());
+        EXPECT_EQ(fresh.year, c.year);
+        EXPECT_EQ(fresh.fileName, c.file);
+        if (c.file.empty()) {
+            EXPECT_EQ(asked.shown.back(), kCloses);
+            EXPECT_EQ(readFile(fresh.indexPath()), index);
+            continue;
+        }
+        EXPECT_FALSE(fresh.data.loadFailed());
+        Document onDisk = Document::load(fresh.indexPath());
+        EXPECT_EQ(yearLookup(onDisk.node(), std::to_string(c.year)), c.file);
     }
 }
 
-TEST_F(YearFilesTest, AnEmptyPreviousYearAsksToLocateAFileOrStartsBlank) {
-    // Only an empty year text yields exactly "no entry for year ".
-    addYearFile("old.xml");
-    prompter.answers = {Answer::Yes};
-    prompter.files = {session.inDataFolder("old.xml")};
-    testing::internal::CaptureStdout();
-    std::string picked = choosePreviousYearFile(session, "");
-    testing::internal::GetCapturedStdout();
-    EXPECT_EQ(prompter.shown.front(), year_texts::kNoPreviousYearEntry);
-    // The index has no entry for an empty year: the pick is reported, not recorded.
-    EXPECT_EQ(picked, "0");
-    EXPECT_EQ(prompter.shown.back(), "runtime error in getfile() ");
+// A blank year is the template copied to the year's own file: what the user
+// enters lands there, never in the template or in another year's file.
+TEST_F(YearFilesTest, ABlankYearIsCopiedToTheYearsOwnFile) {
+    const std::string blank = readFile(session.inDataFolder("blank_tallix.xml"));
+    for (int year : {2026, 2027}) {
+        session.setYear(year);
+        prompter.answers = {Answer::No, Answer::Yes};
+        openYearAtStartup(session);
+        const std::string name = "tallix" + std::to_string(year) + ".xml";
+        EXPECT_EQ(session.fileName, name);
+        EXPECT_EQ(readFile(session.filePath), blank);
+        EXPECT_EQ(indexEntryText(std::to_string(year), 0), name);
+        appendTextElement(session.data.node().child("tallix"), "note", name);
+        session.saveData();
+    }
+    EXPECT_EQ(readFile(session.inDataFolder("blank_tallix.xml")), blank);
+    EXPECT_EQ(indexEntryText("2026", 0), "tallix2026.xml");
 
-    // No starts from the blank template under the year's default name, which
-    // for an empty year would be the index itself: that is never replaced.
-    std::string index = readFile(session.indexPath());
-    prompter.answers = {Answer::No};
-    EXPECT_EQ(choosePreviousYearFile(session, ""), "tallix.xml");
-    EXPECT_EQ(readFile(session.indexPath()), index);
+    // A file of the year's name already there is opened, never replaced, and
+    // the user is told so.
+    session.index = Document::load(session.indexPath());
+    setEntry("2027", "", "not initialized");
+    const std::string kept = readFile(session.inDataFolder("tallix2027.xml"));
+    prompter.shown.clear();
+    prompter.answers = {Answer::No, Answer::Yes};
+    openYearAtStartup(session);
+    EXPECT_EQ(session.fileName, "tallix2027.xml");
+    EXPECT_EQ(readFile(session.filePath), kept);
+    EXPECT_EQ(prompter.shown.back(),
+              "tallix2027.xml is already in the data folder, so Tallix opens it for 2027 instead "
+              "of a blank data file. Nothing was overwritten.");
 }
 
 TEST_F(YearFilesTest, GetfileRecordsThePickedFileInTheIndexOrNothingWhenCancelled) {

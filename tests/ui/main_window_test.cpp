@@ -85,6 +85,7 @@ TEST_F(MainWindowTest, StartUpShowsTheCurrentMonthWithItsBalances) {
 
 TEST_F(MainWindowTest, AFirstRunCreatesTheIndexAndFollowsTheYearPrompts) {
     std::filesystem::remove(env.root / "tallix" / "tallix.xml");
+    std::filesystem::remove(yearFile());
     env.cloud.reset();
     prompter.answers = {Answer::No, Answer::Yes};  // not the previous year; a blank one
     testing::internal::CaptureStdout();
@@ -95,7 +96,7 @@ TEST_F(MainWindowTest, AFirstRunCreatesTheIndexAndFollowsTheYearPrompts) {
     EXPECT_EQ(prompter.shown,
               (Texts{year_texts::kNoFileForCurrentYear, year_texts::kLoadPreviousYear,
                      year_texts::kLoadBlankForThisYear, backup_texts::kNoCloudDrive}));
-    EXPECT_EQ(session.fileName, "blank_tallix.xml");
+    EXPECT_EQ(session.fileName, "tallix2026.xml");  // the blank template copied, not used
     EXPECT_EQ(window.windowTitle(), "November 2026");
 }
 

@@ -192,6 +192,8 @@ bool among(const std::string& name, const std::vector<std::string>& names) {
                        [&](const std::string& other) { return lowered(other) == lowered(name); });
 }
 
+}  // namespace
+
 // The names the new year's file may never take: the current file, the
 // index, the templates and every file the index names for another year.
 std::vector<std::string> namesInUse(Session& session, const std::string& yearToMake) {
@@ -210,6 +212,12 @@ std::vector<std::string> namesInUse(Session& session, const std::string& yearToM
         name = plainYearFileName(name).value_or(name);
     return names;
 }
+
+bool isNameInUse(Session& session, const std::string& name, const std::string& year) {
+    return among(plainYearFileName(name).value_or(name), namesInUse(session, year));
+}
+
+namespace {
 
 // Sets the session's month and grid back as they were when it goes.
 class KeepView {

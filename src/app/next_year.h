@@ -56,6 +56,11 @@ std::optional<std::string> plainYearFileName(const std::string& typed);
 // "tallix" + year + ".xml".
 std::string defaultYearFileName(int year);
 
+// Whether the bare file name `name` may not be `year`'s file: it is the
+// current file, the index, a template or the file the index names for
+// another year (letters compared without case).
+bool isNameInUse(Session& session, const std::string& name, const std::string& year);
+
 // A "month/day/year" date moved to `year`; "" and "0" stay as they are, and
 // so does a text that is not a date.
 std::string dateInYear(const std::string& date, int year);

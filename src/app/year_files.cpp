@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "app/guard.h"
+#include "app/next_year.h"
 #include "app/session.h"
 #include "data/atomic_file.h"
 #include "data/node_text.h"
@@ -138,6 +139,14 @@ std::string getfile(Session& session, std::string_view year) {
             result.clear();
             return;
         }
+        // Two years on one file, or a year in the index or a template, would
+        // let one year's edits overwrite another's.
+        if (isNameInUse(session, picked->filename().string(), std::string(year))) {
+            session.prompter().notify(
+                year_texts::pickedFileInUse(picked->filename().string(), year));
+            result.clear();
+            return;
+        }
         std::string name = bringIntoDataFolder(session, *picked);
         session.data = Document::load(session.inDataFolder(name));
         session.index = Document::load(session.indexPath());
@@ -157,6 +166,8 @@ bool processprevyearrequest(Session& session, std::string_view year) {
             if (session.prompter().askYesNo(year_texts::kNoDataFileForSelectedYear) != Answer::Yes)
                 return;
             name = getfile(session, year);
+            if (name.empty() || name == "0")
+                return;  // nothing picked, or the pick was refused: nothing changes
         }
         session.openDataFile(name);
         session.setYear(newYear);

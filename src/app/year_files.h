@@ -31,6 +31,12 @@ inline constexpr const char* kNoDataFileForSelectedYear =
 inline constexpr const char* kNoYearFileChosen =
     "No data file was chosen for this year, so Tallix closes. Start Tallix again to choose an "
     "existing data file or to begin the year with a blank one.";
+inline std::string pickedFileInUse(std::string_view name, std::string_view year) {
+    return std::string(name) +
+           " is the index, a template or the data file of another year, so Tallix does not use "
+           "it for " +
+           std::string(year) + ". Nothing was changed.";
+}
 inline std::string existingYearFileOpened(std::string_view name, std::string_view year) {
     return std::string(name) + " is already in the data folder, so Tallix opens it for " +
            std::string(year) + " instead of a blank data file. Nothing was overwritten.";

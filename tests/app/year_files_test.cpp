@@ -170,6 +170,30 @@ TEST_F(YearFilesTest, GetfileRecordsThePickedFileInTheIndexOrNothingWhenCancelle
     EXPECT_TRUE(prompter.shown.empty());
 }
 
+// The index, a template, the open year's file or another year's file is
+// never taken for a year: two years on one file would overwrite each other.
+TEST_F(YearFilesTest, GetfileRefusesAFileThatBelongsToAnotherYearOrTheProgram) {
+    addYearFile("tallix2025.xml");
+    setEntry("2025", "tallix2025.xml", "initialized");
+    session.fileName = "open.xml";
+    const std::string before = readFile(session.indexPath());
+    for (const char* name :
+         {"tallix.xml", "blank_tallix.xml", "FIRST_tallix.xml", "tallix2025.xml", "open.xml"}) {
+        prompter.shown.clear();
+        prompter.files = {session.inDataFolder(name)};
+        EXPECT_EQ(getfile(session, "2024"), "") << name;
+        EXPECT_EQ(prompter.shown,
+                  std::vector<std::string>{year_texts::pickedFileInUse(name, "2024")});
+        EXPECT_EQ(readFile(session.indexPath()), before) << name;
+    }
+    // Through the Years menu nothing changes either.
+    prompter.answers = {Answer::Yes};
+    prompter.files = {session.inDataFolder("blank_tallix.xml")};
+    EXPECT_FALSE(processprevyearrequest(session, "2024"));
+    EXPECT_EQ(session.year, 2026);
+    EXPECT_EQ(session.fileName, "open.xml");
+}
+
 TEST_F(YearFilesTest, GetfileCopiesAFileFromElsewhereIntoTheDataFolder) {
     std::filesystem::copy_file(session.inDataFolder("blank_tallix.xml"), tmp / "away.xml");
     prompter.files = {tmp / "away.xml"};

@@ -14,7 +14,6 @@
 #include "data/text_utils.h"
 #include "data/values.h"
 #include "data/year_lookup.h"
-#include "register/balance_engine.h"
 #include "register/month_display.h"
 #include "register/month_lines.h"
 
@@ -251,13 +250,8 @@ bool workOutMonths(Session& session) {
         session.month = m;
         if (monthLines(session.data.node(), monthName(m)).empty())
             continue;
-        FilltallixListBox(session);
-        session.view.table.clear();
-        readLinesIntoTable(session.data.node(), monthName(m), m, session.year,
-                           static_cast<int>(session.view.grid.columns.size()), session.view.fields,
-                           session.view.table);
         try {
-            changed |= runBalanceEngine(session);
+            changed |= recomputeMonth(session, false);
         } catch (...) {
             // What the months before wrote is kept, as Update all months keeps it.
             if (changed)

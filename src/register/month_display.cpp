@@ -10,11 +10,8 @@
 #include "register/month_load.h"
 
 namespace tallix {
-namespace {
 
-// Reads the month into the grid table and runs the engine. Returns true when
-// the data document changed: the caller saves it.
-bool recompute(Session& session, bool postDue) {
+bool recomputeMonth(Session& session, bool postDue) {
     bool changed = postDue && postDueEntries(session) > 0;
     // A column definition that cannot be read is reported by the column step
     // itself; the month is still shown, with the columns that could be read.
@@ -25,6 +22,8 @@ bool recompute(Session& session, bool postDue) {
     changed |= runBalanceEngine(session);
     return changed;
 }
+
+namespace {
 
 // Runs `body`, which reports whether it changed the document, and saves the
 // data file when it did, even when a later step failed.
@@ -56,7 +55,7 @@ bool showMonthUnsaved(Session& session, const std::string& monthText, bool& chan
             session.month = session.view.shownMonth;
         return false;
     }
-    changed |= recompute(session, true);
+    changed |= recomputeMonth(session, true);
     session.view.shownMonth = session.month;
     return true;
 }
@@ -98,14 +97,14 @@ bool Refresh(Session& session) {
         session.data = Document::load(session.filePath);
         prepareColumns(session);
         session.view.table.clear();
-        savingChanges(session, [&](bool& changed) { changed = recompute(session, false); });
+        savingChanges(session, [&](bool& changed) { changed = recomputeMonth(session, false); });
         session.view.shownMonth = session.month;
     });
 }
 
 bool OnToolsUpdate(Session& session) {
     return guarded(session.prompter(), "OnToolsUpdate", [&] {
-        savingChanges(session, [&](bool& changed) { changed = recompute(session, true); });
+        savingChanges(session, [&](bool& changed) { changed = recomputeMonth(session, true); });
     });
 }
 

@@ -19,6 +19,12 @@ bool loadColumns(Session& session);
 // Rebuilds the grid's columns for the displayed month and counts its lines.
 void FilltallixListBox(Session& session);
 
+// Works the session's month out from its lines: posts what is due (when
+// `postDue`), rebuilds the grid, reads the lines into the grid table and runs
+// the balance engine. Returns true when the data document changed (the
+// caller saves it); throws on failure.
+bool recomputeMonth(Session& session, bool postDue);
+
 // Shows the session's month: `monthText` is its number ("1"-"12"), or "13"
 // from Update all months. A month without lines is refused with a message.
 // Posts the due plan entries, reads the lines, runs the balance engine and

@@ -72,6 +72,8 @@ TEST_F(NextYearTest, ANameThatCouldReplaceAFileOrLeaveTheFolderIsRefusedAndNothi
                                                          {"../x.xml", bad},
                                                          {"a/x.xml", bad},
                                                          {"/tmp/x.xml", bad},
+                                                         {"\\x.xml", bad},
+                                                         {"c:x.xml", bad},
                                                          {"tallix2027", bad},
                                                          {".xml", bad},
                                                          {"", bad}};

@@ -1,7 +1,5 @@
 #include "app/year_files.h"
 
-#include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 #include "app/guard.h"
@@ -70,15 +68,16 @@ std::string startFromBlankYear(Session& session, std::string_view year) {
     if (std::filesystem::exists(target)) {
         session.prompter().notify(year_texts::existingYearFileOpened(name, year));
     } else {
-        std::ifstream in(blankTemplatePath(session), std::ios::binary);
-        if (!in.is_open())
-            throw std::runtime_error("cannot read " + blankTemplatePath(session));
-        std::ostringstream bytes;
-        bytes << in.rdbuf();
-        writeFileAtomically(target, bytes.str());
+        writeFileAtomically(target, readFileBytes(blankTemplatePath(session)));
     }
     recordInIndex(session, year, name, schema::kInitialized);
     return name;
+}
+
+// getfile's answer when no file became the year's: "" (cancelled or refused)
+// or "0" (failed).
+bool nothingPicked(const std::string& answer) {
+    return answer.empty() || answer == "0";
 }
 
 // Start-up ends without a year: the user is told why the program closes.
@@ -103,7 +102,7 @@ std::optional<std::string> choosePreviousYearFile(Session& session, std::string_
         return lookup;
     if (session.prompter().askYesNo(year_texts::kNoPreviousYearEntry) == Answer::Yes) {
         std::string picked = getfile(session, session.yearText);
-        if (picked.empty() || picked == "0")
+        if (nothingPicked(picked))
             return closeWithoutAYear(session);
         return picked;
     }
@@ -166,7 +165,7 @@ bool processprevyearrequest(Session& session, std::string_view year) {
             if (session.prompter().askYesNo(year_texts::kNoDataFileForSelectedYear) != Answer::Yes)
                 return;
             name = getfile(session, year);
-            if (name.empty() || name == "0")
+            if (nothingPicked(name))
                 return;  // nothing picked, or the pick was refused: nothing changes
         }
         session.openDataFile(name);

@@ -132,6 +132,13 @@ Document Document::parse(std::string_view xml, const std::filesystem::path& labe
     return d;
 }
 
+std::string readFileBytes(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in || std::filesystem::is_directory(path))
+        throw std::runtime_error("cannot read " + path.string());
+    return readAll(in);
+}
+
 Document Document::load(const std::filesystem::path& path) {
     std::ifstream in(path, std::ios::binary);
     if (!in || std::filesystem::is_directory(path)) {

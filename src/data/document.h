@@ -47,4 +47,8 @@ class Document {
     std::filesystem::path source_;
 };
 
+// The bytes of a file, read in one go; throws std::runtime_error when it
+// cannot be opened.
+std::string readFileBytes(const std::filesystem::path& path);
+
 }  // namespace tallix

@@ -54,6 +54,12 @@ inline constexpr size_t kEntryCheck = 6;
 // A category's expenses stand under its child at this position.
 inline constexpr size_t kCategoryNames = 2;
 
+// The expense kinds that are monthly bills: posted into the register when
+// due, and listed by the recurring report.
+inline bool isMonthlyBillKind(std::string_view kind) {
+    return kind == "recurring" || kind == "auto" || kind == "Auto-Bank";
+}
+
 // The entry kinds that move money between two of the household's own
 // accounts (both capitalisations of "transfer" occur in year files).
 inline bool isTransferKind(std::string_view kind) {

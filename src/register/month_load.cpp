@@ -149,7 +149,7 @@ int postDueEntries(Session& session) {
 
     for (pugi::xml_node expense : selectAll(data, paths::kAllExpenses)) {
         const std::string kind = childText(expense, 1);
-        if (kind != "recurring" && kind != "auto" && kind != "Auto-Bank")
+        if (!schema::isMonthlyBillKind(kind))
             continue;
         pugi::xml_node entry = monthEntry(expense, schema::kExpenseMonths, month);
         std::optional<DueDate> due = parseDate(childText(entry, schema::kEntryDueDate));

@@ -31,10 +31,6 @@ constexpr size_t kRmdCurrentDraw = 3;
 constexpr std::string_view kCreditCardsCategory = "Credit Cards";
 constexpr std::string_view kNoEntry = "no entry";
 
-bool isMonthlyBill(std::string_view type) {
-    return type == "recurring" || type == "auto" || type == "Auto-Bank";
-}
-
 // A month's bill is still to pay until the bank has paid it: not paid yet
 // ("notpaid"), an automatic payment not made yet ("auto"), a check written but
 // not cleared ("pending") or a payment the bank is processing ("processing").
@@ -79,7 +75,7 @@ Report recurringReport(pugi::xml_node document, int month) {
     for (pugi::xml_node category : selectAll(document, paths::kAllCategoriesAny)) {
         const bool cardPayments = attributeText("id", category) == kCreditCardsCategory;
         for (pugi::xml_node expense : expensesOf(category)) {
-            if (!cardPayments && !isMonthlyBill(childText(expense, kExpenseType)))
+            if (!cardPayments && !schema::isMonthlyBillKind(childText(expense, kExpenseType)))
                 continue;
             pugi::xml_node entry = planMonth(expense, month);
             std::string amount = childText(entry, kEntryAmount);

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/prompter.h"
+#include "data/shown_failure.h"
 
 namespace tallix {
 
@@ -17,11 +18,16 @@ std::string runtimeErrorText(std::string_view handlerName);
 void logFailure(std::string_view handlerName, std::exception_ptr error);
 
 // Runs `body`; on any exception shows the handler's message and returns false.
+// A ShownFailure's reason follows the message's own text.
 template <typename Body>
 bool guarded(Prompter& prompter, std::string_view handlerName, Body&& body) {
     try {
         std::forward<Body>(body)();
         return true;
+    } catch (const ShownFailure& failure) {
+        logFailure(handlerName, std::current_exception());
+        prompter.notify(runtimeErrorText(handlerName) + failure.what());
+        return false;
     } catch (...) {
         logFailure(handlerName, std::current_exception());
         prompter.notify(runtimeErrorText(handlerName));

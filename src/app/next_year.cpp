@@ -8,6 +8,7 @@
 
 #include "app/guard.h"
 #include "app/session.h"
+#include "data/child_names.h"
 #include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"
@@ -45,8 +46,10 @@ constexpr size_t kPlanCheck = 6;
 
 void setChildrenFrom(pugi::xml_node node, size_t first, std::string_view text) {
     std::vector<pugi::xml_node> children = elementChildren(node);
-    for (size_t i = first; i < children.size(); ++i)
+    for (size_t i = first; i < children.size(); ++i) {
+        schema::refuseMisplaced(children[i]);
         setNodeText(children[i], text);
+    }
 }
 
 // The year's final balance becomes last year's closing; the months start over.

@@ -6,6 +6,7 @@
 #include <optional>
 #include <sstream>
 #include <stdexcept>
+#include <unordered_map>
 
 #include "data/atomic_file.h"
 #include "data/encoding.h"
@@ -81,10 +82,35 @@ std::string readAll(std::ifstream& in) {
 
 }  // namespace
 
+// Which file each loaded document came from, so that a message about a node
+// can name its file. A document keeps its address through moves.
+static std::unordered_map<const void*, std::filesystem::path>& documentSources() {
+    static std::unordered_map<const void*, std::filesystem::path> sources;
+    return sources;
+}
+
 Document::Document() : doc_(std::make_unique<pugi::xml_document>()) {}
 Document::Document(Document&&) noexcept = default;
-Document& Document::operator=(Document&&) noexcept = default;
-Document::~Document() = default;
+Document& Document::operator=(Document&& other) noexcept {
+    if (this != &other) {
+        if (doc_)
+            documentSources().erase(doc_->root().internal_object());
+        doc_ = std::move(other.doc_);
+        loadError_ = std::move(other.loadError_);
+        source_ = std::move(other.source_);
+    }
+    return *this;
+}
+Document::~Document() {
+    if (doc_)
+        documentSources().erase(doc_->root().internal_object());
+}
+
+std::filesystem::path documentSource(pugi::xml_node node) {
+    const auto& sources = documentSources();
+    auto found = sources.find(node.root().internal_object());
+    return found == sources.end() ? std::filesystem::path() : found->second;
+}
 
 void Document::markFailed(std::string reason) {
     doc_->reset();
@@ -99,6 +125,7 @@ void Document::markFailed(std::string reason) {
 Document Document::parse(std::string_view xml, const std::filesystem::path& label) {
     Document d;
     d.source_ = label;
+    documentSources()[d.doc_->root().internal_object()] = label;
     std::string converted;
     pugi::xml_encoding encoding = pugi::encoding_auto;
     const std::string declared = declaredEncoding(xml);
@@ -144,6 +171,7 @@ Document Document::load(const std::filesystem::path& path) {
     if (!in || std::filesystem::is_directory(path)) {
         Document d;
         d.source_ = path;
+        documentSources()[d.doc_->root().internal_object()] = path;
         d.markFailed("The system cannot locate the file specified: " + path.string());
         return d;
     }

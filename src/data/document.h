@@ -47,6 +47,11 @@ class Document {
     std::filesystem::path source_;
 };
 
+// The file the document holding `node` was loaded from (the label of a
+// parsed text); empty for a document that was never loaded. Messages about a
+// node name the file with it.
+std::filesystem::path documentSource(pugi::xml_node node);
+
 // The bytes of a file, read in one go; throws std::runtime_error when it
 // cannot be opened.
 std::string readFileBytes(const std::filesystem::path& path);

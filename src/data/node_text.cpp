@@ -1,5 +1,7 @@
 #include "data/node_text.h"
 
+#include "data/child_names.h"
+
 #include <stdexcept>
 #include <string>
 
@@ -131,7 +133,9 @@ std::string childText(pugi::xml_node node, size_t index) {
 }
 
 void setChildText(pugi::xml_node node, size_t index, std::string_view text) {
-    setNodeText(childAt(node, index), text);
+    pugi::xml_node child = childAt(node, index);
+    schema::refuseMisplaced(child);
+    setNodeText(child, text);
 }
 
 pugi::xml_node appendTextElement(pugi::xml_node parent, std::string_view name,

@@ -28,6 +28,8 @@ std::string childText(pugi::xml_node node, size_t index);
 // node or child gives a null node and an empty text.
 pugi::xml_node childAtOrNull(pugi::xml_node node, size_t index);
 std::string childTextOrEmpty(pugi::xml_node node, size_t index);
+// Writes the child at `index`; refuses (schema::MisplacedElement) a child that
+// carries another child's name, as after a swap by hand.
 void setChildText(pugi::xml_node node, size_t index, std::string_view text);
 
 // Appends a new element `name` holding `text` (no text node when empty).

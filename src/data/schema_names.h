@@ -66,6 +66,12 @@ inline bool isTransferKind(std::string_view kind) {
     return kind == "transfer" || kind == "move" || kind == "Transfer";
 }
 
+// The largest column position and width (in characters) a file may give:
+// far beyond any real register, small enough that no arithmetic on them
+// overflows.
+inline constexpr int kMostColumnPosition = 1000;
+inline constexpr int kMostColumnWidth = 1000;
+
 inline constexpr std::string_view kBanksId = "banks";
 inline constexpr std::string_view kCreditCardsId = "creditcards";
 

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <map>
 
+#include "data/child_names.h"
 #include "data/encoding.h"
 #include "data/node_text.h"
 #include "data/schema_names.h"
@@ -17,26 +18,7 @@ namespace {
 using structure::Faults;
 using structure::quote;
 
-// The attributes that tell elements of one list apart, for naming an element
-// in messages about the whole tree.
-constexpr std::array<std::string_view, 5> kKeyAttributes = {"month", "line", "column", "year",
-                                                            "id"};
-
-// "/tallix/register/month[@month='March']/item[@line='4']"
-std::string elementPath(pugi::xml_node node) {
-    std::string path;
-    for (; node && node.type() == pugi::node_element; node = node.parent()) {
-        std::string step = node.name();
-        for (std::string_view key : kKeyAttributes) {
-            if (pugi::xml_attribute attribute = node.attribute(key.data())) {
-                step += "[@" + std::string(key) + "=" + quote(attribute.value()) + "]";
-                break;
-            }
-        }
-        path.insert(0, "/" + step);
-    }
-    return path;
-}
+using schema::elementPath;
 
 // The parser keeps both copies of a repeated attribute and lookups see only
 // the first, so the second would be ignored without a word.

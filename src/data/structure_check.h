@@ -12,6 +12,14 @@
 
 namespace tallix {
 
+// A line of the check that is not a fault: the file is read as it is, but a
+// user may want to know (an element name the program does not use, read by
+// its position).
+inline constexpr std::string_view kNoticePrefix = "notice: ";
+inline bool isNotice(std::string_view line) {
+    return line.substr(0, kNoticePrefix.size()) == kNoticePrefix;
+}
+
 // The faults of a parsed document (its document node); empty when there are
 // none. A root element other than `tallix` gives that one fault. A root whose
 // children are `year` elements is checked as an index file, any other as a

@@ -1,6 +1,7 @@
 // Banks with their accounts, and credit cards.
 #include <set>
 
+#include "data/child_names.h"
 #include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"
@@ -37,9 +38,7 @@ void expectClosings(Faults& faults, std::string_view where,
 // regcolumn, bankcolumn or outstanding of a bank account.
 void checkBalanceGroup(Faults& faults, const std::string& where, pugi::xml_node group,
                        pugi::xml_node document) {
-    static const Names kGroupChildren =
-        withRepeats({"title", "lastyearclosing"}, "closing", kMonths);
-    if (!expectChildren(faults, where, group, kGroupChildren))
+    if (!expectChildren(faults, where, group, schema::kBalanceGroupChildren))
         return;
     std::vector<pugi::xml_node> children = elementChildren(group);
     expectColumn(faults, where, "title", nodeText(children[0]), document);
@@ -49,7 +48,6 @@ void checkBalanceGroup(Faults& faults, const std::string& where, pugi::xml_node 
 
 void checkBank(Faults& faults, const std::string& where, pugi::xml_node bank,
                pugi::xml_node document) {
-    static const Names kAccountChildren = {"account", "regcolumn", "bankcolumn", "outstanding"};
     std::vector<pugi::xml_node> accounts = childrenNamed(faults, where, bank, "bankaccount");
     for (size_t i = 0; i < accounts.size(); ++i) {
         std::vector<pugi::xml_node> children = elementChildren(accounts[i]);
@@ -57,7 +55,7 @@ void checkBank(Faults& faults, const std::string& where, pugi::xml_node bank,
         std::string accountWhere =
             where + " account " +
             (named ? quote(nodeText(children[0])) : "#" + std::to_string(i + 1));
-        if (!expectChildren(faults, accountWhere, accounts[i], kAccountChildren))
+        if (!expectChildren(faults, accountWhere, accounts[i], schema::kAccountChildren))
             continue;
         for (size_t g = 1; g < children.size(); ++g)
             checkBalanceGroup(faults, accountWhere + " " + children[g].name(), children[g],
@@ -67,10 +65,7 @@ void checkBank(Faults& faults, const std::string& where, pugi::xml_node bank,
 
 void checkCard(Faults& faults, const std::string& where, pugi::xml_node card,
                pugi::xml_node document) {
-    static const Names kCardChildren =
-        withRepeats({"type", "columnname", "lastyearclosing", "apr", "closingday", "dueday"},
-                    "closing", kMonths);
-    if (!expectChildren(faults, where, card, kCardChildren))
+    if (!expectChildren(faults, where, card, schema::kCardChildren))
         return;
     std::vector<pugi::xml_node> children = elementChildren(card);
     std::string type = nodeText(children[0]);

@@ -1,5 +1,6 @@
 // The plan and reference lists: categories with their expenses, income
 // sources, customers, RMD individuals and stored descriptions.
+#include "data/child_names.h"
 #include "data/node_text.h"
 #include "data/structure_shape.h"
 
@@ -8,18 +9,14 @@ namespace {
 
 constexpr size_t kMonths = 12;
 
-const Names kExpenseChildren = {"category",    "type",  "account", "closingday",
-                                "institution", "reset", "amount",  "months"};
-const Names kExpenseMonthChildren = {"name",   "amount", "datepaid", "duedate",
-                                     "status", "type",   "check"};
-const Names kIncomeChildren = {"institution", "account", "type",  "dayordate",
-                               "daynumber",   "amount",  "months"};
-const Names kIncomeMonthChildren = {"name", "amount", "date", "status"};
-const Names kCustomerChildren = {"number", "institution", "account", "amount", "months"};
-const Names kReceivableItemChildren = {"line",   "amount", "datepaid", "duedate",
-                                       "status", "type",   "check"};
-const Names kHolderChildren = {"name", "accounts"};
-const Names kRmdAccountChildren = {"name", "lastyearbalance", "rmdamount", "currentdraw"};
+using schema::kCustomerChildren;
+using schema::kExpenseChildren;
+using schema::kExpenseMonthChildren;
+using schema::kHolderChildren;
+using schema::kIncomeChildren;
+using schema::kIncomeMonthChildren;
+using schema::kReceivableItemChildren;
+using schema::kRmdAccountChildren;
 
 // The elements of a list container, each keyed by a unique `id`.
 std::vector<pugi::xml_node> keyedList(Faults& faults, std::string_view where,
@@ -32,6 +29,7 @@ std::vector<pugi::xml_node> keyedList(Faults& faults, std::string_view where,
 void checkCustomer(Faults& faults, const std::string& where, pugi::xml_node customer) {
     if (!expectChildren(faults, where, customer, kCustomerChildren))
         return;
+    expectAmountOrEmpty(faults, where, childAt(customer, 3), "amount");
     pugi::xml_node months = childAt(customer, 4);
     if (!expectChildren(faults, where + " months", months, withRepeats({}, "month", kMonths)))
         return;
@@ -40,9 +38,11 @@ void checkCustomer(Faults& faults, const std::string& where, pugi::xml_node cust
         std::string monthWhere = where + " month " + std::to_string(m + 1);
         std::vector<pugi::xml_node> items =
             childrenNamed(faults, monthWhere, entries[m], "revenue");
-        for (size_t k = 0; k < items.size(); ++k)
-            expectChildren(faults, monthWhere + " item " + std::to_string(k + 1), items[k],
-                           kReceivableItemChildren);
+        for (size_t k = 0; k < items.size(); ++k) {
+            std::string itemWhere = monthWhere + " item " + std::to_string(k + 1);
+            if (expectChildren(faults, itemWhere, items[k], kReceivableItemChildren))
+                expectAmountOrEmpty(faults, itemWhere, childAt(items[k], 1), "amount");
+        }
     }
 }
 
@@ -52,15 +52,17 @@ void checkCategories(Faults& faults, pugi::xml_node container) {
     std::vector<pugi::xml_node> categories = keyedList(faults, "catagories", container, "category");
     for (size_t i = 0; i < categories.size(); ++i) {
         std::string where = "category " + label(categories[i], "id", i);
-        if (!expectChildren(faults, where, categories[i], {"type", "numberItems", "names"}))
+        if (!expectChildren(faults, where, categories[i], schema::kCategoryChildren))
             continue;
         std::vector<pugi::xml_node> expenses =
             keyedList(faults, where + " names", childAt(categories[i], 2), "name");
         for (size_t j = 0; j < expenses.size(); ++j) {
             std::string expenseWhere = where + " expense " + label(expenses[j], "id", j);
-            if (expectChildren(faults, expenseWhere, expenses[j], kExpenseChildren))
-                expectMonthEntries(faults, expenseWhere, childAt(expenses[j], 7),
-                                   kExpenseMonthChildren);
+            if (!expectChildren(faults, expenseWhere, expenses[j], kExpenseChildren))
+                continue;
+            expectAmountOrEmpty(faults, expenseWhere, childAt(expenses[j], 6), "amount");
+            expectMonthEntries(faults, expenseWhere, childAt(expenses[j], 7),
+                               kExpenseMonthChildren);
         }
     }
 }
@@ -69,8 +71,10 @@ void checkIncome(Faults& faults, pugi::xml_node container) {
     std::vector<pugi::xml_node> sources = keyedList(faults, "income", container, "name");
     for (size_t i = 0; i < sources.size(); ++i) {
         std::string where = "income " + label(sources[i], "id", i);
-        if (expectChildren(faults, where, sources[i], kIncomeChildren))
-            expectMonthEntries(faults, where, childAt(sources[i], 6), kIncomeMonthChildren);
+        if (!expectChildren(faults, where, sources[i], kIncomeChildren))
+            continue;
+        expectAmountOrEmpty(faults, where, childAt(sources[i], 5), "amount");
+        expectMonthEntries(faults, where, childAt(sources[i], 6), kIncomeMonthChildren);
     }
 }
 
@@ -115,9 +119,14 @@ void checkRmds(Faults& faults, pugi::xml_node container) {
                 continue;
             std::vector<pugi::xml_node> accounts =
                 childrenNamed(faults, holderWhere + " accounts", childAt(holders[h], 1), "account");
-            for (size_t a = 0; a < accounts.size(); ++a)
-                expectChildren(faults, holderWhere + " account " + std::to_string(a + 1),
-                               accounts[a], kRmdAccountChildren);
+            for (size_t a = 0; a < accounts.size(); ++a) {
+                std::string accountWhere = holderWhere + " account " + std::to_string(a + 1);
+                if (!expectChildren(faults, accountWhere, accounts[a], kRmdAccountChildren))
+                    continue;
+                for (size_t v = 1; v < kRmdAccountChildren.size(); ++v)
+                    expectAmountOrEmpty(faults, accountWhere, childAt(accounts[a], v),
+                                        kRmdAccountChildren[v]);
+            }
         }
     }
 }

@@ -3,6 +3,7 @@
 #include <map>
 #include <optional>
 
+#include "data/child_names.h"
 #include "data/node_text.h"
 #include "data/schema_names.h"
 #include "data/structure_shape.h"
@@ -20,11 +21,6 @@ constexpr std::array<std::string_view, 8> kLineFieldColumns = {
     "Expense", "Amount", "Check", "Category", "Status", "Description", "Institution", "Account"};
 constexpr long long kFirstLineFieldPosition = 4;
 
-const Names& lineChildren() {
-    static const Names names(schema::kLineChildren.begin(), schema::kLineChildren.end());
-    return names;
-}
-
 void checkLine(Faults& faults, const std::string& where, pugi::xml_node line, size_t number) {
     std::string expectedNumber = std::to_string(number);
     pugi::xml_attribute attribute = line.attribute("line");
@@ -33,7 +29,7 @@ void checkLine(Faults& faults, const std::string& where, pugi::xml_node line, si
     else if (attribute.value() != expectedNumber)
         faults.add(where, "attribute line is " + quote(attribute.value()) + ", expected " +
                               quote(expectedNumber));
-    expectChildren(faults, where, line, lineChildren());
+    expectChildren(faults, where, line, schema::lineChildNames());
 
     // Values are looked up by name, so that a misplaced child is still read.
     std::string_view dayName = schema::kLineChildren[schema::kDay];
@@ -102,7 +98,6 @@ void checkRegister(Faults& faults, pugi::xml_node container) {
 
 void checkRegisterColumns(Faults& faults, pugi::xml_node container) {
     const std::string where = "registercolumns";
-    static const Names kColumnChildren = {"title", "width", "kind", "position"};
     std::vector<pugi::xml_node> columns = childrenNamed(faults, where, container, "column");
     expectUniqueKeys(faults, where, columns, "column");
 
@@ -115,19 +110,23 @@ void checkRegisterColumns(Faults& faults, pugi::xml_node container) {
         pugi::xml_attribute key = column.attribute("column");
         auto [entry, first] = positions.try_emplace(key.value());
         ++previous;
-        if (!expectChildren(faults, columnWhere, column, kColumnChildren))
+        if (!expectChildren(faults, columnWhere, column, schema::kColumnChildren))
             continue;
         std::string title = childText(column, 0);
         if (key && title != key.value())
             faults.add(columnWhere,
                        "title " + quote(title) + " differs from its key " + quote(key.value()));
         std::string width = childText(column, 1);
-        if (!wholeNumber(width))
-            faults.add(columnWhere, "width " + quote(width) + " is not a whole number");
+        std::optional<long long> characters = wholeNumber(width);
+        if (!characters || *characters > schema::kMostColumnWidth)
+            faults.add(columnWhere, "width " + quote(width) + " is not a whole number from 0 to " +
+                                        std::to_string(schema::kMostColumnWidth));
         std::string positionText = childText(column, 3);
         std::optional<long long> position = wholeNumber(positionText);
-        if (!position) {
-            faults.add(columnWhere, "position " + quote(positionText) + " is not a whole number");
+        if (!position || *position > schema::kMostColumnPosition) {
+            faults.add(columnWhere, "position " + quote(positionText) +
+                                        " is not a whole number from 0 to " +
+                                        std::to_string(schema::kMostColumnPosition));
             continue;
         }
         if (*position != previous)

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "data/node_text.h"
+#include "data/structure_check.h"
 #include "data/values.h"
 
 namespace tallix::structure {
@@ -74,9 +75,8 @@ void Faults::add(std::string_view where, std::string_view what) {
     lines_.push_back(std::move(line));
 }
 
-Names withRepeats(Names names, std::string_view repeated, size_t count) {
-    names.insert(names.end(), count, repeated);
-    return names;
+void Faults::notice(std::string_view where, std::string_view what) {
+    lines_.push_back(std::string(kNoticePrefix) + std::string(where) + ": " + std::string(what));
 }
 
 std::string quote(std::string_view text) {
@@ -96,11 +96,17 @@ bool expectChildren(Faults& faults, std::string_view where, pugi::xml_node node,
     }
     bool ok = true;
     for (size_t i = 0; i < children.size(); ++i) {
-        if (std::string_view(children[i].name()) == expected[i])
+        std::string_view name = children[i].name();
+        if (name == expected[i])
             continue;
-        faults.add(where, "child " + std::to_string(i) + " is " + quote(children[i].name()) +
-                              ", expected " + quote(expected[i]));
-        ok = false;
+        std::string what = "child " + std::to_string(i) + " is " + quote(name) + ", expected " +
+                           quote(expected[i]);
+        if (schema::isOneOf(name, expected)) {
+            faults.add(where, what);
+            ok = false;
+        } else {
+            faults.notice(where, what + " (read by its position)");
+        }
     }
     return ok;
 }
@@ -171,6 +177,13 @@ void expectAmount(Faults& faults, std::string_view where, pugi::xml_node node,
         faults.add(where, std::string(what) + " " + quote(text) + " is not a number");
 }
 
+void expectAmountOrEmpty(Faults& faults, std::string_view where, pugi::xml_node node,
+                         std::string_view what) {
+    std::string text = nodeText(node);
+    if (!text.empty() && !isAmount(text))
+        faults.add(where, std::string(what) + " " + quote(text) + " is not a number");
+}
+
 void expectMonthEntries(Faults& faults, std::string_view where, pugi::xml_node months,
                         const Names& monthChildren) {
     std::string at = std::string(where) + " months";
@@ -185,6 +198,7 @@ void expectMonthEntries(Faults& faults, std::string_view where, pugi::xml_node m
         std::string expected = monthName(static_cast<int>(m + 1));
         if (name != expected)
             faults.add(entryAt, "name is " + quote(name) + ", expected " + quote(expected));
+        expectAmountOrEmpty(faults, entryAt, childAt(entries[m], 1), "amount");
     }
 }
 

@@ -10,12 +10,17 @@
 
 #include <pugixml.hpp>
 
+#include "data/child_names.h"
+
 namespace tallix::structure {
 
-// The faults found so far, each "where: what".
+// The faults found so far, each "where: what", and the notices: what the
+// program reads as it is but a user may want to know (a child it does not
+// name, read by its position).
 class Faults {
   public:
     void add(std::string_view where, std::string_view what);
+    void notice(std::string_view where, std::string_view what);
     size_t size() const { return lines_.size(); }
     std::vector<std::string> take() { return std::move(lines_); }
 
@@ -23,17 +28,17 @@ class Faults {
     std::vector<std::string> lines_;
 };
 
-using Names = std::vector<std::string_view>;
-
-// `names` followed by `count` times `repeated`.
-Names withRepeats(Names names, std::string_view repeated, size_t count);
+using Names = schema::ChildNames;
+using schema::withRepeats;
 
 // "'text'" for messages.
 std::string quote(std::string_view text);
 
 // Compares the element children of `node` with `expected`, position by
-// position; true when they match. With the right number of children each
-// misplaced name is a fault, otherwise each missing, surplus or unexpected one.
+// position; true when the program can read them by position. With the right
+// number of children a name that belongs to another position is a fault and a
+// name the program does not use a notice; otherwise each missing, surplus or
+// unexpected child is a fault.
 bool expectChildren(Faults& faults, std::string_view where, pugi::xml_node node,
                     const Names& expected);
 
@@ -58,9 +63,15 @@ bool isAmount(std::string_view text);
 void expectAmount(Faults& faults, std::string_view where, pugi::xml_node node,
                   std::string_view what);
 
+// The same for a value that may be left empty: only text that is not an
+// amount is a fault.
+void expectAmountOrEmpty(Faults& faults, std::string_view where, pugi::xml_node node,
+                         std::string_view what);
+
 // The twelve month entries of a plan entry (`months` holding twelve `month`
 // elements, January first): each must have the children `monthChildren`, the
-// first of them `name` holding the English month name of its position.
+// first of them `name` holding the English month name of its position and
+// the second the month's amount.
 void expectMonthEntries(Faults& faults, std::string_view where, pugi::xml_node months,
                         const Names& monthChildren);
 

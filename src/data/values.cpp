@@ -67,6 +67,22 @@ int monthNumber(std::string_view name) {
     return 0;
 }
 
+std::optional<int> numberWithin(std::string_view text, int low, int high) {
+    double value = 0;
+    try {
+        value = textToAmount(text);
+    } catch (const std::logic_error&) {
+        return std::nullopt;
+    }
+    // Cutting toward zero keeps everything below high + 1 within range.
+    if (!(value > low - 1.0 && value < high + 1.0))
+        return std::nullopt;
+    const int whole = static_cast<int>(value);
+    if (whole < low)
+        return std::nullopt;
+    return whole;
+}
+
 std::string dayOfWeek(int day, int month, int year) {
     // Normalise month overflow first, as the C calendar does, then let the day
     // run past the month's end.

@@ -34,6 +34,13 @@ std::string amountToText(double amount);
 // range" for infinities and outside the single-precision range.
 double textToAmount(std::string_view text);
 
+// The number `text` holds, read as textToAmount reads it and cut to a whole
+// number as days and positions always were, when it lies from `low` to
+// `high`; nothing for text that is not a number or lies outside. Every day,
+// position and width read from a file goes through here, so no value out of
+// range reaches the arithmetic.
+std::optional<int> numberWithin(std::string_view text, int low, int high);
+
 // An amount as the user typed it, when the whole text is one amount: an
 // optional sign, "$" and thousands commas are accepted ("-$1,234.5" gives
 // "-1234.5"); ".00" is added to a whole number and more than two decimals

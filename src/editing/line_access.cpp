@@ -1,6 +1,7 @@
 #include "editing/line_access.h"
 
 #include <array>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -23,11 +24,11 @@ constexpr int kDateCell = 2;
 
 pugi::xml_node lineOfRow(Session& session, int row) {
     const std::string& number = session.view.table.cell(row, kLineNumberCell);
-    const int n = static_cast<int>(textToAmount(number));
     std::vector<pugi::xml_node> lines = monthLines(session.data.node(), monthName(session.month));
-    if (n < 1 || n > static_cast<int>(lines.size()))
+    std::optional<int> n = numberWithin(number, 1, static_cast<int>(lines.size()));
+    if (!n)
         throw std::out_of_range("the month has no line " + number);
-    return lines[static_cast<size_t>(n - 1)];
+    return lines[static_cast<size_t>(*n - 1)];
 }
 
 pugi::xml_node expenseOfRow(Session& session, int row) {

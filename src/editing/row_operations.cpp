@@ -19,15 +19,12 @@ namespace tallix {
 namespace {
 
 constexpr int kDateCell = 2;
+constexpr int kLastDay = 31;
 constexpr int kLineNumberCell = 3;
 
 // The day in a DATE cell as a whole number; nothing for a line without one.
 std::optional<int> dayOfCell(const GridTable& table, int row) {
-    try {
-        return static_cast<int>(textToAmount(table.cell(row, kDateCell)));
-    } catch (const std::logic_error&) {
-        return std::nullopt;
-    }
+    return numberWithin(table.cell(row, kDateCell), 1, kLastDay);
 }
 
 // Cells' own colours follow their lines when a row is inserted at `at`

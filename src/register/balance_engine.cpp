@@ -7,9 +7,11 @@
 #include <string>
 
 #include "app/session.h"
+#include "data/child_names.h"
 #include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"
+#include "data/shown_failure.h"
 #include "data/values.h"
 #include "register/institutions.h"
 #include "register/month_lines.h"
@@ -44,8 +46,17 @@ class BalanceEngine {
         resetMonthTotals();
         if (count > 0 && t_.rowCount() == count + 1) {
             fillStartingRow(count);
-            for (int n = count - 1; n >= 0; --n)
-                processLine(n, lines[n]);
+            for (int n = count - 1; n >= 0; --n) {
+                try {
+                    processLine(n, lines[n]);
+                } catch (...) {
+                    // The day and expense find the line again when posting
+                    // has moved it by the time the user reads this.
+                    rethrowAt("line " + std::to_string(n + 1) + " (day " +
+                              childTextOrEmpty(lines[n], schema::kDay) + ", " +
+                              childTextOrEmpty(lines[n], schema::kExpense) + ")");
+                }
+            }
             close(count);
         }
         return changed_ || anyTextChanged();
@@ -60,6 +71,7 @@ class BalanceEngine {
         std::string before = nodeText(node);
         if (before == text)
             return;
+        schema::refuseMisplaced(node);
         originals_.emplace(node.internal_object(), std::move(before));
         setNodeText(node, text);
     }

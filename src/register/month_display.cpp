@@ -4,6 +4,7 @@
 
 #include "app/guard.h"
 #include "app/session.h"
+#include "data/shown_failure.h"
 #include "data/values.h"
 #include "register/balance_engine.h"
 #include "register/month_lines.h"
@@ -26,17 +27,13 @@ bool recomputeMonth(Session& session, bool postDue) {
 namespace {
 
 // Runs `body`, which reports whether it changed the document, and saves the
-// data file when it did, even when a later step failed.
+// data file when it did. A body that fails saves nothing: the file keeps what
+// it held, and what the steps before the failure wrote stays in the window
+// until a command that succeeds saves it.
 template <typename Body>
 void savingChanges(Session& session, Body body) {
     bool changed = false;
-    try {
-        body(changed);
-    } catch (...) {
-        if (changed)
-            session.saveData();
-        throw;
-    }
+    body(changed);
     if (changed)
         session.saveData();
 }
@@ -110,11 +107,28 @@ bool OnToolsUpdate(Session& session) {
 
 bool OnToolsUpdateallmonths(Session& session) {
     return guarded(session.prompter(), "OnToolsUpdateallmonths", [&] {
-        // One save for the whole walk: the file is written once, not twelve times.
+        // All or nothing: a month that fails leaves the year, the window and
+        // the file as they were before the run, so no month is saved
+        // recomputed from a chain that broke. One save for the whole walk.
+        pugi::xml_document before;
+        before.reset(session.data.xml());
+        const RegisterView viewBefore = session.view;
+        const int monthBefore = session.month;
         savingChanges(session, [&](bool& changed) {
             for (int m = 1; m <= 12; ++m) {
                 session.month = m;
-                showMonthUnsaved(session, "13", changed);
+                try {
+                    showMonthUnsaved(session, "13", changed);
+                } catch (...) {
+                    session.data.xml().reset(before);
+                    session.view = viewBefore;
+                    session.month = monthBefore;
+                    try {
+                        rethrowAt(monthName(m));
+                    } catch (const std::exception& failure) {
+                        throw ShownFailure(std::string(failure.what()) + "; nothing was saved");
+                    }
+                }
             }
         });
     });

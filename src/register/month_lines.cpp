@@ -1,6 +1,7 @@
 #include "register/month_lines.h"
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -15,20 +16,18 @@ namespace tallix {
 namespace {
 
 constexpr int kMinimumCells = 30;
+constexpr int kLastDay = 31;
 constexpr int kDayCell = 1;
 constexpr int kDateCell = 2;
 constexpr int kLineNumberCell = 3;
 constexpr int kFirstFieldCell = 4;  // expense .. account stand in cells 4-11
 
-// The weekday of day (text + offset) of the month; a day that is not a
-// number (a line still being typed) shows no weekday rather than hiding the
-// whole month.
+// The weekday of day (text + offset) of the month; a day that is not a day
+// of a month (a line still being typed) shows no weekday rather than hiding
+// the whole month.
 std::string weekday(const std::string& dayText, int offset, int month, int year) {
-    try {
-        return dayOfWeek(static_cast<int>(textToAmount(dayText)) + offset, month, year);
-    } catch (const std::logic_error&) {
-        return " ";
-    }
+    std::optional<int> day = numberWithin(dayText, 1, kLastDay);
+    return day ? dayOfWeek(*day + offset, month, year) : std::string(" ");
 }
 
 }  // namespace

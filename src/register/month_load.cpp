@@ -18,6 +18,9 @@
 namespace tallix {
 namespace {
 
+constexpr int kLastDay = 31;
+constexpr int kLastYear = 9999;
+
 struct DueDate {
     int month = 0;
     int day = 0;
@@ -29,16 +32,12 @@ std::optional<DueDate> parseDate(const std::string& text) {
     std::vector<std::string> parts = split(text, "/");
     if (parts.size() != 3)
         return std::nullopt;
-    try {
-        DueDate d{static_cast<int>(textToAmount(parts[0])),
-                  static_cast<int>(textToAmount(parts[1])),
-                  static_cast<int>(textToAmount(parts[2]))};
-        if (d.month < 1 || d.month > 12 || d.day < 1 || d.day > 31)
-            return std::nullopt;
-        return d;
-    } catch (const std::logic_error&) {
+    std::optional<int> month = numberWithin(parts[0], 1, 12);
+    std::optional<int> day = numberWithin(parts[1], 1, kLastDay);
+    std::optional<int> year = numberWithin(parts[2], 0, kLastYear);
+    if (!month || !day || !year)
         return std::nullopt;
-    }
+    return DueDate{*month, *day, *year};
 }
 
 bool onOrBefore(const DueDate& d, const Date& today) {
@@ -61,18 +60,15 @@ struct Posting {
     std::string status;
 };
 
+// A line without a day of the month counts as the earliest.
 int dayOf(pugi::xml_node line) {
-    try {
-        return static_cast<int>(textToAmount(childText(line, schema::kDay)));
-    } catch (const std::logic_error&) {
-        return 0;
-    }
+    return numberWithin(childText(line, schema::kDay), 1, kLastDay).value_or(0);
 }
 
 // Lines run from the latest day at the top to the earliest at the bottom: the
 // new line goes above the first line of an earlier day.
 void insertLine(pugi::xml_node month, const Posting& p) {
-    const int day = static_cast<int>(textToAmount(p.day));
+    const int day = numberWithin(p.day, 1, kLastDay).value_or(0);
     pugi::xml_node before;
     for (pugi::xml_node line : elementChildren(month))
         if (dayOf(line) < day) {

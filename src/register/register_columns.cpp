@@ -6,6 +6,7 @@
 
 #include "data/node_text.h"
 #include "data/query.h"
+#include "data/schema_names.h"
 #include "data/values.h"
 
 namespace tallix {
@@ -15,11 +16,14 @@ constexpr int kCharacterWidth = 6;  // pixels per character of a column width
 constexpr int kItemColumnWidth = 50;
 constexpr int kDefaultWidth = 10;  // characters
 
-int wholeNumber(const std::string& text, std::string_view what) {
-    double value = textToAmount(text);
-    if (value != static_cast<int>(value))
-        throw std::invalid_argument(std::string(what) + " is not a whole number: " + text);
-    return static_cast<int>(value);
+// A position or width as a whole number within its range; a fraction is a
+// fault, as is anything outside the range.
+int wholeNumber(const std::string& text, std::string_view what, int high) {
+    std::optional<int> value = numberWithin(text, 0, high);
+    if (!value || textToAmount(text) != *value)
+        throw std::invalid_argument(std::string(what) + " is not a whole number from 0 to " +
+                                    std::to_string(high) + ": " + text);
+    return *value;
 }
 
 }  // namespace
@@ -29,14 +33,14 @@ int columnPosition(pugi::xml_node data, std::string_view title) {
     if (!column)
         throw std::runtime_error("the year file has no register column titled '" +
                                  std::string(title) + "'");
-    return wholeNumber(childText(column, 3), "a column position");
+    return wholeNumber(childText(column, 3), "a column position", schema::kMostColumnPosition);
 }
 
 GridColumns AddtallixColumns(pugi::xml_node data, ColumnProblems* problems) {
-    auto number = [&](pugi::xml_node definition, size_t child,
-                      std::string_view what) -> std::optional<int> {
+    auto number = [&](pugi::xml_node definition, size_t child, std::string_view what,
+                      int high) -> std::optional<int> {
         try {
-            return wholeNumber(childText(definition, child), what);
+            return wholeNumber(childText(definition, child), what, high);
         } catch (const std::exception& e) {
             if (!problems)
                 throw;
@@ -52,11 +56,13 @@ GridColumns AddtallixColumns(pugi::xml_node data, ColumnProblems* problems) {
         pugi::xml_node definition = definitions[i];
         // A column without a usable position has no place in the grid; one
         // without a usable width gets the usual one.
-        std::optional<int> position = number(definition, 3, "a column position");
+        std::optional<int> position =
+            number(definition, 3, "a column position", schema::kMostColumnPosition);
         if (!position)
             continue;
-        const int width =
-            number(definition, 1, "a column width").value_or(kDefaultWidth) * kCharacterWidth;
+        const int width = number(definition, 1, "a column width", schema::kMostColumnWidth)
+                              .value_or(kDefaultWidth) *
+                          kCharacterWidth;
         if (i == 0) {
             grid.columns.push_back({"DAY", width});
         } else if (i == 1) {

@@ -42,8 +42,9 @@ RegisterGrid::RegisterGrid(Session& session, QTableView* view, GridModel* model,
       redraw_(std::move(redraw)),
       pickers_(dialogPickers(view, session)) {
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view_->viewport()->installEventFilter(this);
-    editor_ = new QLineEdit(view_->viewport());
+    viewport_ = view_->viewport();
+    viewport_->installEventFilter(this);
+    editor_ = new QLineEdit(viewport_);
     editor_->setFrame(false);
     editor_->hide();
     editor_->installEventFilter(this);
@@ -59,14 +60,21 @@ RegisterGrid::RegisterGrid(Session& session, QTableView* view, GridModel* model,
             &RegisterGrid::placeEditor);
 }
 
-RegisterGrid::~RegisterGrid() = default;
+// The filters go before the grid: an event that reached the filter while the
+// view was being torn down would call into a half-destroyed view.
+RegisterGrid::~RegisterGrid() {
+    if (viewport_)
+        viewport_->removeEventFilter(this);
+    if (editor_)
+        editor_->removeEventFilter(this);
+}
 
 void RegisterGrid::setPickers(std::unique_ptr<GridPickers> pickers) {
     pickers_ = std::move(pickers);
 }
 
 QLineEdit* RegisterGrid::openEditorWidget() const {
-    return session_.view.editorRow >= 0 ? editor_ : nullptr;
+    return session_.view.editorRow >= 0 ? editor_.data() : nullptr;
 }
 
 void RegisterGrid::openEditor(int row, int column) {
@@ -126,7 +134,7 @@ void RegisterGrid::moveEditor(bool forward) {
 }
 
 bool RegisterGrid::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == view_->viewport()) {
+    if (watched == viewport_) {
         switch (event->type()) {
             case QEvent::MouseButtonPress: {
                 auto* mouse = static_cast<QMouseEvent*>(event);

@@ -3,14 +3,16 @@
 // editor over a cell, Tab navigation, the pickers that a click on the
 // Status, Institution or Expense cell of a line opens, and the right click. It sits on the
 // main window's table view and leaves the view's own editing switched off.
+#include <QLineEdit>
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 #include <functional>
 #include <memory>
 
 #include "ui/register_grid_pickers.h"
 
 class QKeyEvent;
-class QLineEdit;
 class QTableView;
 
 namespace tallix {
@@ -63,7 +65,9 @@ class RegisterGrid : public QObject {
     GridModel* model_;
     std::function<void()> redraw_;
     std::unique_ptr<GridPickers> pickers_;
-    QLineEdit* editor_ = nullptr;
+    // Guarded: the viewport and the editor may go before the grid does.
+    QPointer<QWidget> viewport_;
+    QPointer<QLineEdit> editor_;
 };
 
 }  // namespace tallix::ui

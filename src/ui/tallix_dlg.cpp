@@ -15,6 +15,7 @@
 #include "ui/grid_model.h"
 #include "ui/month_buttons.h"
 #include "ui/picture_buttons.h"
+#include "ui/register_grid.h"
 
 namespace tallix::ui {
 
@@ -36,6 +37,10 @@ CTallixDlg::CTallixDlg(Session& session, QWidget* parent) : QDialog(parent), ses
     buildMenus();
     connect(monthButtons_, &MonthButtons::monthChosen, this, &CTallixDlg::OnMonthButton);
     connectPictureButtons();
+}
+
+CTallixDlg::~CTallixDlg() {
+    delete registerGrid_;
 }
 
 void CTallixDlg::OnInitDialog() {

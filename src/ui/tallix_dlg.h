@@ -14,6 +14,7 @@ namespace tallix::ui {
 class GridModel;
 class MonthButtons;
 class PictureButtons;
+class RegisterGrid;
 
 // The main window: the month and picture buttons, the menu bar and the
 // register grid of one month. Each command handler reports its own failures
@@ -22,6 +23,9 @@ class CTallixDlg : public QDialog {
     Q_OBJECT
   public:
     explicit CTallixDlg(Session& session, QWidget* parent = nullptr);
+    // Takes the grid's typing and clicks off the table view before the view
+    // and its viewport are destroyed.
+    ~CTallixDlg() override;
 
     // The start-up sequence, from the data files to the Customers menu. When
     // the user chooses no year file the window closes at once.
@@ -85,6 +89,7 @@ class CTallixDlg : public QDialog {
     PictureButtons* pictureButtons_ = nullptr;
     QTableView* grid_ = nullptr;
     GridModel* gridModel_ = nullptr;
+    RegisterGrid* registerGrid_ = nullptr;
 };
 
 }  // namespace tallix::ui

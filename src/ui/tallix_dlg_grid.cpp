@@ -74,7 +74,7 @@ void CTallixDlg::setUpGrid() {
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     // Typing, clicks and the pickers; after a change the same month is shown
     // again where the user scrolled it.
-    new RegisterGrid(
+    registerGrid_ = new RegisterGrid(
         session_, grid_, gridModel_, [this] { showDisplayedMonth(true); }, this);
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "data/child_names.h"
 #include "data/document.h"
 #include "data/node_text.h"
 #include "data/text_utils.h"
@@ -78,6 +79,42 @@ TEST(TextUtils, SplitAndNumberToText) {
     EXPECT_EQ(numberToText(13), "13");
     EXPECT_EQ(numberToText(-7), "-7");
     EXPECT_EQ(numberToText(1234567890123LL), "1234567890123");
+}
+
+}  // namespace
+}  // namespace tallix
+
+namespace tallix {
+namespace {
+
+// Writes go by position, guarded by names: an element that carries another
+// child's name (two children swapped by hand) is refused, one whose name the
+// program does not use is written by its position.
+TEST(NodeText, AWriteByPositionRefusesAnotherChildsElement) {
+    Document doc = Document::parse(
+        "<tallix><income><name id=\"Pay\"><months><month><name>January</name>"
+        "<date>1/15/2026</date><amount>5.00</amount><status>cleared</status></month>"
+        "<month><name>February</name><amt>7.00</amt><date>2/15/2026</date><status>x</status>"
+        "</month></months></name></income></tallix>",
+        "year.xml");
+    pugi::xml_node months =
+        doc.node().child("tallix").child("income").child("name").child("months");
+    pugi::xml_node january = childAt(months, 0);
+    try {
+        setChildText(january, 1, "530.00");
+        FAIL() << "the swapped date was written";
+    } catch (const schema::MisplacedElement& e) {
+        EXPECT_STREQ(e.what(),
+                     "year.xml: /tallix/income/name[@id='Pay']/months/month[1]: child 1 is "
+                     "'date' where 'amount' belongs, so it is not written");
+    }
+    EXPECT_EQ(nodeText(january.child("date")), "1/15/2026");
+    EXPECT_THROW(setChildText(january, 2, "0"), schema::MisplacedElement);
+    setChildText(january, 3, "notpaid");  // in its place
+
+    pugi::xml_node february = childAt(months, 1);
+    setChildText(february, 1, "9.00");
+    EXPECT_EQ(nodeText(february.child("amt")), "9.00");
 }
 
 }  // namespace

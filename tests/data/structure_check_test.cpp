@@ -120,11 +120,15 @@ TEST(StructureCheck, RegisterFaults) {
                   second.attribute("line").set_value("2");
                   setChildText(second, 0, "32");
                   setChildText(second, 2, "abc");
+                  // A name the program does not use is read by its position.
+                  second.child("description").set_name("memo");
               }),
               (Faults{"register month 'March' line 1: child 4 is 'status', expected 'categoty'",
                       "register month 'March' line 1: child 5 is 'categoty', expected 'status'",
                       "register month 'March' line 2: child 4 is 'status', expected 'categoty'",
                       "register month 'March' line 2: child 5 is 'categoty', expected 'status'",
+                      "notice: register month 'March' line 2: child 6 is 'memo', expected "
+                      "'description' (read by its position)",
                       "register month 'March' line 2: day '32' is not a whole number from 1 to 31",
                       "register month 'March' line 2: debit 'abc' is not a number"}));
 }
@@ -136,12 +140,16 @@ TEST(StructureCheck, RegisterColumnFaults) {
     EXPECT_EQ(
         blankAfter([&](pugi::xml_node doc) {
             at(doc, column("Amount")).remove_child("kind");
-            setChildText(at(doc, column("Check")), 1, "wide");
+            setChildText(at(doc, column("Check")), 1, "400000000");
+            setChildText(at(doc, column("Info")), 3, "9223372036854775808");
             at(doc, paths::kRegisterColumns).remove_child(at(doc, column("Status")));
         }),
         (Faults{"registercolumns column 'Amount': lacks child 'kind' (child 2)",
-                "registercolumns column 'Check': width 'wide' is not a whole number",
+                "registercolumns column 'Check': width '400000000' is not a whole number from 0 "
+                "to 1000",
                 "registercolumns column 'Description': position is 9, expected 8" + kPositionsRun,
+                "registercolumns column 'Info': position '9223372036854775808' is not a whole "
+                "number from 0 to 1000",
                 "registercolumns: lacks the 'Status' column"}));
     EXPECT_EQ(blankAfter([&](pugi::xml_node doc) {
                   pugi::xml_node check = at(doc, column("Check"));

@@ -165,3 +165,21 @@ TEST(Calendar, MonthNamesAndDaysOfTheWeek) {
 
 }  // namespace
 }  // namespace tallix
+
+namespace tallix {
+namespace {
+
+// Days, positions and widths from a file: only a number within the range
+// comes back, so nothing huge or non-finite reaches the arithmetic.
+TEST(Values, NumberWithinKeepsFileNumbersInRange) {
+    EXPECT_EQ(numberWithin("1", 1, 31), 1);
+    EXPECT_EQ(numberWithin("31", 1, 31), 31);
+    EXPECT_EQ(numberWithin("31.99", 1, 31), 31);  // cut, as days always were
+    EXPECT_EQ(numberWithin("0", 0, 1000), 0);
+    for (const char* text : {"0", "0.5", "32", "-1", "2147483647", "9223372036854775808", "1e23",
+                             "-1e23", "nan", "inf", "abc", ""})
+        EXPECT_EQ(numberWithin(text, 1, 31), std::nullopt) << text;
+}
+
+}  // namespace
+}  // namespace tallix

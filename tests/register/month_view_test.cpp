@@ -2,6 +2,7 @@
 // refusing and refreshing a month.
 #include <gtest/gtest.h>
 
+#include "data/schema_names.h"
 #include "editing/row_operations.h"
 #include "register/month_lines.h"
 #include "register/register_columns.h"
@@ -174,6 +175,50 @@ TEST(MonthDisplay, ShowingAnUnchangedMonthAgainWritesNothing) {
     ASSERT_TRUE(year.show(3));
     EXPECT_EQ(std::filesystem::last_write_time(year.path), written);
     EXPECT_EQ(test::readFile(year.path), bytes);
+}
+
+}  // namespace
+}  // namespace tallix
+
+namespace tallix {
+namespace {
+
+// A command that fails saves nothing. Update all months is all or nothing: a
+// month that fails leaves the year in the window as it was, and the message
+// names the month and the line. Two children swapped by hand stop the first
+// write into them, naming the file and the element.
+TEST(FailedCommands, SaveNothingAndSayWhere) {
+    {
+        test::YearFile year({2026, 4, 20});
+        setChildText(childAt(year.month("April"), 1), schema::kDebit, "abc");
+        year.session().saveData();
+        const std::string bytes = test::readFile(year.path);
+        const std::string before = year.session().data.serialize();
+        year.session().month = 2;
+
+        EXPECT_FALSE(OnToolsUpdateallmonths(year.session()));
+        EXPECT_EQ(year.prompter.shown.back(),
+                  "runtime error in OnToolsUpdateallmonths() April: line 4 (day 14, Groceries): "
+                  "invalid stof argument; nothing was saved");
+        EXPECT_EQ(test::readFile(year.path), bytes);
+        EXPECT_EQ(year.session().data.serialize(), before);  // March is not left recomputed
+        EXPECT_EQ(year.session().month, 2);
+    }
+    {
+        test::YearFile year({2026, 3, 20});
+        pugi::xml_node march = year.planMonth(paths::kIncome, "Payroll", 6, 3);
+        march.insert_move_before(march.child("date"), march.child("amount"));
+        year.session().saveData();
+        const std::string bytes = test::readFile(year.path);
+
+        EXPECT_FALSE(year.show(3));
+        EXPECT_EQ(year.prompter.shown.back(),
+                  "runtime error in displayMonth() " + year.path.string() +
+                      ": /tallix/income/name[@id='Payroll']/months/month[3]: child 1 is 'date' "
+                      "where 'amount' belongs, so it is not written");
+        EXPECT_EQ(test::readFile(year.path), bytes);
+        EXPECT_EQ(nodeText(march.child("date")), "3/15/2026");
+    }
 }
 
 }  // namespace

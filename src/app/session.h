@@ -11,6 +11,9 @@
 
 namespace tallix {
 
+// Whether `d` is a day of the calendar (not 30 February, not month 13).
+bool isCalendarDate(const Date& d);
+
 class Session {
   public:
     Session(Environment& env, Prompter& prompter);

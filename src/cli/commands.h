@@ -3,6 +3,7 @@
 // returns the exit status; main.cpp turns a name into a command and prints the
 // usage text. A command writes its findings to `out` and notices to `err`.
 #include <iosfwd>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,18 @@ inline constexpr int kOk = 0;
 inline constexpr int kFaultsFound = 1;
 inline constexpr int kUsage = 2;
 inline constexpr int kFailed = 3;
+
+// An argument of the right place but the wrong value (a month of 13, a date
+// that does not exist). main.cpp prints its message and the usage text on
+// standard error and exits with kUsage.
+struct UsageError : std::invalid_argument {
+    using std::invalid_argument::invalid_argument;
+};
+
+// The commands that write a file (show, update-all, next-year) first take
+// the lock a Tallix window holds on its data folder, on the folder of the
+// file they write; while a window (or another tallix-cli) holds it they print
+// the window's own refusal on standard error and return kFailed.
 
 struct Command {
     std::string_view name;

@@ -60,7 +60,12 @@ int run(int argc, char** argv) {
         if (command.name != name)
             continue;
         tallix::cli::Arguments arguments(argv + 2, argv + argc);
-        int status = command.run(arguments, std::cout, std::cerr);
+        int status = tallix::cli::kUsage;
+        try {
+            status = command.run(arguments, std::cout, std::cerr);
+        } catch (const tallix::cli::UsageError& e) {
+            std::cerr << "tallix-cli: " << e.what() << "\n\n";
+        }
         if (status == tallix::cli::kUsage)
             printUsage(std::cerr);
         return status;

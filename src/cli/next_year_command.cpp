@@ -37,13 +37,18 @@ bool isYear(const std::string& text) {
 int runNextYear(const Arguments& given, std::ostream& out, std::ostream& err) {
     Arguments arguments = given;
     std::optional<std::string> name;
-    if (!takeName(arguments, name) || arguments.size() != 2 || !isYear(arguments[1]))
+    if (!takeName(arguments, name) || arguments.size() != 2)
         return kUsage;
+    if (!isYear(arguments[1]))
+        throw UsageError("YEAR must be a year of four digits: " + arguments[1]);
     const int year = std::stoi(arguments[1]);
 
     TerminalPrompter prompter(err);
     TerminalEnvironment env(Date{year, 12, 31}, arguments[0]);
     Session session(env, prompter);
+    std::vector<InstanceLock> locks;
+    if (!lockFolderOf(session.indexPath(), locks, err))
+        return kFailed;
     session.index = Document::load(session.indexPath());
     if (session.index.loadFailed())
         return kFailed;

@@ -11,19 +11,6 @@
 namespace tallix::cli {
 namespace {
 
-// 1-12 for "1".."12" or an English month name; 0 otherwise.
-int parseMonth(const std::string& text) {
-    if (int byName = monthNumber(text))
-        return byName;
-    try {
-        size_t used = 0;
-        int m = std::stoi(text, &used);
-        return used == text.size() && m >= 1 && m <= 12 ? m : 0;
-    } catch (const std::exception&) {
-        return 0;
-    }
-}
-
 // Opens FILE in a session whose year is the file's working year (today's).
 struct Opened {
     Opened(const std::string& file, Date today, std::ostream& err)
@@ -59,14 +46,18 @@ int finish(const Opened& opened) {
 
 int runShow(const Arguments& given, std::ostream& out, std::ostream& err) {
     Arguments arguments = given;
-    std::optional<Date> today = takeToday(arguments);
-    if (!today || arguments.size() != 2 || parseMonth(arguments[1]) == 0)
+    const Date today = takeToday(arguments);
+    if (arguments.size() != 2)
         return kUsage;
-    Opened opened(arguments[0], *today, err);
+    const int month = monthArgument(arguments[1]);
+    std::vector<InstanceLock> locks;
+    if (!lockFolderOf(arguments[0], locks, err))
+        return kFailed;
+    Opened opened(arguments[0], today, err);
     Session& session = opened.session;
     if (session.data.loadFailed())
         return kFailed;
-    session.month = parseMonth(arguments[1]);
+    session.month = month;
     session.view.rememberedRow = 31;
     if (!loadColumns(session))
         return kFailed;
@@ -79,10 +70,13 @@ int runShow(const Arguments& given, std::ostream& out, std::ostream& err) {
 
 int runUpdateAll(const Arguments& given, std::ostream&, std::ostream& err) {
     Arguments arguments = given;
-    std::optional<Date> today = takeToday(arguments);
-    if (!today || arguments.size() != 1)
+    const Date today = takeToday(arguments);
+    if (arguments.size() != 1)
         return kUsage;
-    Opened opened(arguments[0], *today, err);
+    std::vector<InstanceLock> locks;
+    if (!lockFolderOf(arguments[0], locks, err))
+        return kFailed;
+    Opened opened(arguments[0], today, err);
     Session& session = opened.session;
     if (session.data.loadFailed())
         return kFailed;

@@ -12,34 +12,28 @@ namespace tallix::cli {
 namespace {
 
 // Takes "--month M" out of `arguments` (1-12 or a month name); `month`
-// keeps its value when the option is absent. False when it is malformed.
-bool takeMonth(Arguments& arguments, int& month) {
+// keeps its value when the option is absent. Throws UsageError when M is
+// missing or names no month.
+void takeMonth(Arguments& arguments, int& month) {
     for (size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] != "--month")
             continue;
         if (i + 1 >= arguments.size())
-            return false;
-        const std::string text = arguments[i + 1];
+            throw UsageError("--month must be followed by a month");
+        month = monthArgument(arguments[i + 1]);
         arguments.erase(arguments.begin() + static_cast<std::ptrdiff_t>(i),
                         arguments.begin() + static_cast<std::ptrdiff_t>(i + 2));
-        month = monthNumber(text);
-        if (month == 0 && text.size() <= 2 &&
-            text.find_first_not_of("0123456789") == std::string::npos && !text.empty())
-            month = std::stoi(text);
-        return month >= 1 && month <= 12;
+        return;
     }
-    return true;
 }
 
 }  // namespace
 
 int runReport(const Arguments& given, std::ostream& out, std::ostream& err) {
     Arguments arguments = given;
-    std::optional<Date> today = takeToday(arguments);
-    if (!today)
-        return kUsage;
-    int month = today->month;
-    if (!takeMonth(arguments, month) || arguments.size() != 2)
+    int month = takeToday(arguments).month;
+    takeMonth(arguments, month);
+    if (arguments.size() != 2)
         return kUsage;
     std::optional<ReportKind> kind = reportKindFromCliName(arguments[0]);
     if (!kind)

@@ -4,7 +4,8 @@
 #include <ctime>
 #include <ostream>
 
-#include "data/text_utils.h"
+#include "app/session.h"
+#include "data/values.h"
 
 namespace tallix::cli {
 
@@ -29,30 +30,73 @@ std::filesystem::path TerminalEnvironment::documentsFolder() const {
     return std::filesystem::path(home ? home : ".") / "Documents";
 }
 
-std::optional<Date> takeToday(Arguments& arguments) {
+Date takeToday(Arguments& arguments) {
     for (size_t i = 0; i < arguments.size(); ++i) {
         if (arguments[i] != "--today")
             continue;
         if (i + 1 >= arguments.size())
-            return std::nullopt;
-        std::vector<std::string> parts = split(arguments[i + 1], "-");
+            throw UsageError("--today must be followed by a date YYYY-MM-DD");
+        const std::string text = arguments[i + 1];
         arguments.erase(arguments.begin() + static_cast<std::ptrdiff_t>(i),
                         arguments.begin() + static_cast<std::ptrdiff_t>(i + 2));
-        if (parts.size() != 3)
-            return std::nullopt;
-        try {
-            Date d{std::stoi(parts[0]), std::stoi(parts[1]), std::stoi(parts[2])};
-            if (d.month < 1 || d.month > 12 || d.day < 1 || d.day > 31)
-                return std::nullopt;
-            return d;
-        } catch (const std::exception&) {
-            return std::nullopt;
-        }
+        // Exactly YYYY-MM-DD: digits where digits belong, nothing after them.
+        bool shaped = text.size() == 10 && text[4] == '-' && text[7] == '-';
+        for (size_t at = 0; shaped && at < text.size(); ++at)
+            shaped = at == 4 || at == 7 || (text[at] >= '0' && text[at] <= '9');
+        Date d;
+        if (shaped)
+            d = {std::stoi(text.substr(0, 4)), std::stoi(text.substr(5, 2)),
+                 std::stoi(text.substr(8, 2))};
+        if (!shaped || !isCalendarDate(d))
+            throw UsageError("--today must be a real date YYYY-MM-DD: " + text);
+        return d;
     }
     std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
     return Date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+}
+
+int monthArgument(const std::string& text) {
+    if (int byName = monthNumber(text))
+        return byName;
+    if (!text.empty() && text.size() <= 2 &&
+        text.find_first_not_of("0123456789") == std::string::npos) {
+        const int month = std::stoi(text);
+        if (month >= 1 && month <= 12)
+            return month;
+    }
+    throw UsageError("month must be 1-12 or a month name: " + text);
+}
+
+bool lockFolderOf(const std::filesystem::path& file, std::vector<InstanceLock>& held,
+                  std::ostream& err) {
+    namespace fs = std::filesystem;
+    // A missing file, a folder or a device is refused when it is loaded, so
+    // nothing is written: no lock file is made beside it.
+    std::error_code ec;
+    if (!fs::is_regular_file(file, ec))
+        return true;
+    fs::path given = file.parent_path();
+    if (given.empty())
+        given = ".";
+    // A file reached through a link is written in the folder at the link's
+    // end, which a window may hold too.
+    std::vector<fs::path> folders = {given};
+    fs::path real = fs::canonical(file, ec).parent_path();
+    if (!ec && !fs::equivalent(given, real, ec))
+        folders.push_back(real);
+    for (const fs::path& folder : folders) {
+        std::optional<InstanceLock> lock = InstanceLock::acquireToWrite(folder);
+        if (!lock) {
+            // The folder as the window names its data folder: a full path.
+            fs::path shown = fs::canonical(folder, ec);
+            err << InstanceLock::refusedText(ec ? fs::absolute(folder) : shown) << '\n';
+            return false;
+        }
+        held.push_back(std::move(*lock));
+    }
+    return true;
 }
 
 }  // namespace tallix::cli

@@ -5,8 +5,10 @@
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/environment.h"
+#include "app/instance_lock.h"
 #include "app/prompter.h"
 #include "cli/commands.h"
 
@@ -48,7 +50,19 @@ class TerminalEnvironment : public Environment {
 };
 
 // Takes "--today YYYY-MM-DD" out of `arguments`; the real date when absent.
-// Nothing when the option is malformed.
-std::optional<Date> takeToday(Arguments& arguments);
+// Throws UsageError when the option has no date or one that does not exist.
+Date takeToday(Arguments& arguments);
+
+// The month an argument names: 1-12 or an English month name. Throws
+// UsageError for anything else.
+int monthArgument(const std::string& text);
+
+// Takes, into `held`, the lock a Tallix window holds on its data folder, on
+// the folder that holds `file` and, when `file` is a link, on the folder of
+// the file it leads to. False, after the window's own message on `err`, when
+// another program holds one of them. A `file` that is not a regular file is
+// refused by its load, so no lock is taken for it.
+bool lockFolderOf(const std::filesystem::path& file, std::vector<InstanceLock>& held,
+                  std::ostream& err);
 
 }  // namespace tallix::cli

@@ -1,10 +1,14 @@
 #include "data/document.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
 #include <cstdio>
-#include <fstream>
-#include <iterator>
+#include <cstring>
 #include <optional>
-#include <sstream>
 #include <stdexcept>
 #include <unordered_map>
 
@@ -58,27 +62,33 @@ void relabelAsUtf8(pugi::xml_document& doc) {
     }
 }
 
-// The whole file in one read into a buffer of its size: copying it character
-// by character through a stream iterator took a quarter of a large file's
-// load, and growing the text as it came cost as much again in fresh pages.
-std::string readAll(std::ifstream& in) {
-    std::string bytes;
-    in.seekg(0, std::ios::end);
-    const std::streamoff size = in.tellg();
-    in.seekg(0, std::ios::beg);
-    if (size > 0 && in) {
-        bytes.resize(static_cast<size_t>(size));
-        in.read(bytes.data(), static_cast<std::streamsize>(size));
-        bytes.resize(static_cast<size_t>(in.gcount()));
-        if (!in.eof())  // the file grew since its size was read
-            bytes.append(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-        return bytes;
-    }
-    // A stream without a size (a pipe): read it as it comes.
-    in.clear();
-    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    return bytes;
+// A year's file is a few megabytes; a file this large is not a data file,
+// and reading it whole would only exhaust the memory.
+constexpr size_t kMaxDataFileBytes = size_t{256} << 20;
+
+[[noreturn]] void cannotRead(const std::filesystem::path& path, int err) {
+    throw std::runtime_error("cannot read " + path.string() + ": " + std::strerror(err));
 }
+
+[[noreturn]] void tooLarge(const std::filesystem::path& path) {
+    throw std::runtime_error(path.string() + " is larger than " +
+                             std::to_string(kMaxDataFileBytes >> 20) +
+                             " MB, far more than a data file holds: it is not read");
+}
+
+void refuseUnlessDataFile(const std::filesystem::path& path, const struct stat& st) {
+    if (!S_ISREG(st.st_mode))
+        throw std::runtime_error(path.string() + " is " + fileKindName(st.st_mode) +
+                                 ", not a data file");
+    if (static_cast<unsigned long long>(st.st_size) > kMaxDataFileBytes)
+        tooLarge(path);
+}
+
+// Closes the file however the read ends.
+struct FileCloser {
+    int fd;
+    ~FileCloser() { ::close(fd); }
+};
 
 }  // namespace
 
@@ -117,9 +127,9 @@ void Document::markFailed(std::string reason) {
     if (reason.empty())
         reason = "unknown error";
     loadError_ = std::move(reason);
-    // The program's historical console line; a windowed program does not show it.
-    std::printf("Failed to load DOM from stocks.xml. %s\n", loadError_.c_str());
-    std::fflush(stdout);
+    // The program's historical console line; a windowed program does not show
+    // it. It goes to standard error, away from what tallix-cli prints.
+    std::fprintf(stderr, "Failed to load DOM from stocks.xml. %s\n", loadError_.c_str());
 }
 
 Document Document::parse(std::string_view xml, const std::filesystem::path& label) {
@@ -159,23 +169,64 @@ Document Document::parse(std::string_view xml, const std::filesystem::path& labe
     return d;
 }
 
+// Only a regular file is opened: a named pipe would block the read and a
+// device such as /dev/zero never ends. The type is looked at before the open
+// and again on the open file (O_NONBLOCK keeps a pipe put in its place
+// meanwhile from blocking). The whole file is read into a buffer of its size
+// in one go: copying it through a stream took a quarter of a large load.
 std::string readFileBytes(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in || std::filesystem::is_directory(path))
-        throw std::runtime_error("cannot read " + path.string());
-    return readAll(in);
+    struct stat st {};
+    if (::stat(path.c_str(), &st) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            throw std::runtime_error("The system cannot locate the file specified: " +
+                                     path.string());
+        cannotRead(path, errno);
+    }
+    refuseUnlessDataFile(path, st);
+    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0)
+        cannotRead(path, errno);
+    FileCloser closer{fd};
+    if (::fstat(fd, &st) != 0)
+        cannotRead(path, errno);
+    refuseUnlessDataFile(path, st);
+
+    // One byte more than its size, so that the end is seen without growing
+    // the buffer; a file that grows meanwhile is read on to the limit.
+    std::string bytes(static_cast<size_t>(st.st_size) + 1, '\0');
+    size_t done = 0;
+    for (;;) {
+        if (done == bytes.size()) {
+            if (done > kMaxDataFileBytes)
+                tooLarge(path);
+            bytes.resize(std::min(bytes.size() * 2, kMaxDataFileBytes + 1));
+        }
+        const ssize_t n = ::read(fd, bytes.data() + done, bytes.size() - done);
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            cannotRead(path, errno);
+        }
+        if (n == 0)
+            break;
+        done += static_cast<size_t>(n);
+    }
+    bytes.resize(done);
+    return bytes;
 }
 
 Document Document::load(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in || std::filesystem::is_directory(path)) {
+    std::string bytes;
+    try {
+        bytes = readFileBytes(path);
+    } catch (const std::runtime_error& e) {
         Document d;
         d.source_ = path;
         documentSources()[d.doc_->root().internal_object()] = path;
-        d.markFailed("The system cannot locate the file specified: " + path.string());
+        d.markFailed(e.what());
         return d;
     }
-    return parse(readAll(in), path);
+    return parse(bytes, path);
 }
 
 std::string Document::serialize() const {

@@ -17,9 +17,10 @@ class Document {
     Document& operator=(Document&&) noexcept;
     ~Document();
 
-    // Loads `path`. A failed load (missing file, malformed XML) leaves an empty
-    // document, remembers the reason and writes the program's standard failure
-    // line to standard output; it does not throw.
+    // Loads `path`. A failed load (missing file, malformed XML, a file that is
+    // no data file: see readFileBytes) leaves an empty document, remembers the
+    // reason and writes the program's standard failure line to standard
+    // error; it does not throw.
     static Document load(const std::filesystem::path& path);
     // Parses text held in memory (the bundled templates); failures as load().
     static Document parse(std::string_view xml, const std::filesystem::path& label);
@@ -52,8 +53,10 @@ class Document {
 // node name the file with it.
 std::filesystem::path documentSource(pugi::xml_node node);
 
-// The bytes of a file, read in one go; throws std::runtime_error when it
-// cannot be opened.
+// The bytes of a file, read in one go. Throws std::runtime_error naming the
+// file and the reason when it is missing, cannot be read, is not a regular
+// file (a folder, a named pipe, a device) or is larger than a data file can
+// be (256 MB).
 std::string readFileBytes(const std::filesystem::path& path);
 
 }  // namespace tallix

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
-#include <iterator>
 #include <map>
+#include <stdexcept>
 
 #include "data/child_names.h"
+#include "data/document.h"
 #include "data/encoding.h"
 #include "data/node_text.h"
 #include "data/schema_names.h"
@@ -211,12 +211,12 @@ std::vector<std::string> checkFile(const std::filesystem::path& path) {
         return {label + ": no such file"};
     if (std::filesystem::is_directory(path, error))
         return {label + ": is a folder, not a file"};
-    std::ifstream in(path, std::ios::binary);
     std::string bytes;
-    if (in)
-        bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    if (!in || in.bad())
-        return {label + ": cannot be read"};
+    try {
+        bytes = readFileBytes(path);  // a pipe, a device or a huge file is refused
+    } catch (const std::runtime_error& e) {
+        return {e.what()};
+    }
     return checkText(bytes, label);
 }
 

@@ -71,9 +71,9 @@ TEST_F(BackupsTest, AMissingLocalBackupFolderFailsTheExit) {
 TEST_F(BackupsTest, AFileThatCouldNotBeReadIsNotBackedUp) {
     test::writeFile(localBackup(), "the last good backup");
     test::writeFile(session.filePath, "<tallix><broken>");
-    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
     session.openDataFile("tallix2026.xml");
-    testing::internal::GetCapturedStdout();
+    testing::internal::GetCapturedStderr();
     writeExitBackups(session);
     EXPECT_EQ(readFile(localBackup()), "the last good backup");
 }

@@ -20,9 +20,9 @@ class DataFolderTest : public ::testing::Test {
         env.root = tmp / "root";
         env.documents = tmp / "docs";
         installMissingFiles(session.dataFolder(), env.documents);
-        testing::internal::CaptureStdout();  // the note that there was no index yet
+        testing::internal::CaptureStderr();  // the failure line: there was no index yet
         loadOrCreateIndex(session);
-        testing::internal::GetCapturedStdout();
+        testing::internal::GetCapturedStderr();
     }
 
     // Gives `year` the entry (file, status) and saves the index.

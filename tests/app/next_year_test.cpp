@@ -131,9 +131,9 @@ TEST_F(NextYearTest, TheClosingsCarriedAreTheOnesTheYearsLinesMake) {
 }
 
 TEST_F(NextYearTest, AFailureIsReportedAndTheSessionKeepsItsYear) {
-    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
     session.openDataFile("gone.xml");
-    testing::internal::GetCapturedStdout();
+    testing::internal::GetCapturedStderr();
     testing::internal::CaptureStderr();
     EXPECT_FALSE(OnToolsMakenextyear(session, "tallix2027.xml"));
     testing::internal::GetCapturedStderr();

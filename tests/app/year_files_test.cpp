@@ -31,9 +31,9 @@ TEST_F(YearFilesTest, FirstRunInstallsTemplatesAndCreatesTheIndexFromTheFirstTem
 
 TEST_F(YearFilesTest, AnUnreadableIndexIsKeptAsideWhenTheFirstTemplateReplacesIt) {
     writeFile(session.indexPath(), "<tallix><year year='2026'>");
-    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
     loadOrCreateIndex(session);
-    EXPECT_NE(testing::internal::GetCapturedStdout().find("Failed to load DOM from stocks.xml."),
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("Failed to load DOM from stocks.xml."),
               std::string::npos);
     EXPECT_FALSE(session.index.loadFailed());
     auto aside = session.indexPath();
@@ -101,12 +101,12 @@ TEST_F(YearFilesTest, EveryStartupAnswerOnAFreshFolderOpensAYearOrSaysWhyItClose
         asked.answers = {c.answers.begin(), c.answers.end()};
         asked.files = {c.picks.begin(), c.picks.end()};
         Session fresh(env, asked);
-        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
         installMissingFiles(fresh.dataFolder(), env.documents);
         loadOrCreateIndex(fresh);
         const std::string index = readFile(fresh.indexPath());
         openYearAtStartup(fresh);
-        testing::internal::GetCapturedStdout();
+        testing::internal::GetCapturedStderr();
 
         EXPECT_TRUE(asked.answers.empty() && asked.files.empty());
         EXPECT_EQ(fresh.year, c.year);
@@ -238,9 +238,9 @@ TEST_F(YearFilesTest, TheYearsMenuAsksForAFileWhereTheYearHasNone) {
 }
 
 TEST_F(YearFilesTest, TheYearsMenuOpensTheLookupTextOrReportsAnError) {
-    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
     EXPECT_TRUE(processprevyearrequest(session, "2031"));
-    testing::internal::GetCapturedStdout();
+    testing::internal::GetCapturedStderr();
     EXPECT_EQ(session.fileName, "no entry for year 2031");
     EXPECT_TRUE(session.data.loadFailed());
 

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <string>
@@ -48,7 +49,11 @@ TEST(CliCheck, UnusableFilesGiveOneFaultLineAndExitOne) {
         {"cut.xml", "cut.xml: not well-formed XML: "},
         {"page.xml", "file: root element is 'html', expected 'tallix': not a Tallix file\n"},
         {"gone.xml", "gone.xml: no such file\n"},
+        // Neither blocks nor reads forever.
+        {"pipe.xml", "pipe.xml is a named pipe, not a data file\n"},
+        {"/dev/zero", "/dev/zero is a device, not a data file\n"},
     };
+    ASSERT_EQ(::mkfifo((dir / "pipe.xml").c_str(), 0644), 0);
     for (const auto& c : cases) {
         CliRun run = runCli("check " + shellQuoted(dir / c.file));
         EXPECT_EQ(run.status, 1) << c.file;

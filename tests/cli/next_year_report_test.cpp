@@ -2,8 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <optional>
 #include <string>
 
+#include "app/instance_lock.h"
 #include "cli/run_cli.h"
 #include "data/document.h"
 #include "data/node_text.h"
@@ -58,6 +60,7 @@ TEST_F(NextYearAndReportCommands, MonthlyReportPrintsItsRowsAndWritesTheExpected
 
     EXPECT_EQ(run("report weekly " + shellQuoted(plan)), 2);
     EXPECT_EQ(run("report recurring " + shellQuoted(plan) + " --month 13"), 2);
+    EXPECT_EQ(err.rfind("tallix-cli: month must be 1-12 or a month name: 13\n", 0), 0u) << err;
 }
 
 TEST_F(NextYearAndReportCommands, AReportOverAnAmountThatIsNotANumberFails) {
@@ -71,11 +74,14 @@ TEST_F(NextYearAndReportCommands, AReportOverAnAmountThatIsNotANumberFails) {
               "runtime error in OnReportsMonthlytotals() \n");
 }
 
-// Every file of `folder` with its bytes.
+// Every file of `folder` with its bytes, but the lock file that the first
+// command makes.
 std::map<std::string, std::string> filesIn(const std::filesystem::path& folder) {
     std::map<std::string, std::string> files;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        files[entry.path().filename().string()] = readFile(entry.path());
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().filename() != ".tallix.lock")
+            files[entry.path().filename().string()] = readFile(entry.path());
+    }
     return files;
 }
 
@@ -101,7 +107,13 @@ TEST_F(NextYearAndReportCommands, NextYearRefusesANameThatCouldReplaceAFileOrLea
     EXPECT_FALSE(std::filesystem::exists(root / "x.xml"));
 }
 
-TEST_F(NextYearAndReportCommands, NextYearMakesTheFileOnce) {
+TEST_F(NextYearAndReportCommands, NextYearMakesTheFileOnceAndNotUnderAWindow) {
+    std::optional<InstanceLock> window = InstanceLock::acquire(folder);
+    EXPECT_EQ(run("next-year " + shellQuoted(root) + " 2026"), 3);
+    EXPECT_EQ(err, InstanceLock::refusedText(std::filesystem::canonical(folder)) + "\n");
+    EXPECT_FALSE(std::filesystem::exists(folder / "tallix2027.xml"));
+    window.reset();
+
     ASSERT_EQ(run("next-year " + shellQuoted(root) + " 2026"), 0) << err;
     EXPECT_EQ(out, (folder / "tallix2027.xml").string() + "\n");
     EXPECT_EQ(yearLookup(Document::load(folder / "tallix.xml").node(), "2027"), "tallix2027.xml");
@@ -111,6 +123,8 @@ TEST_F(NextYearAndReportCommands, NextYearMakesTheFileOnce) {
 
     EXPECT_EQ(run("next-year " + shellQuoted(root) + " 2025"), 3);  // no file for 2025
     EXPECT_EQ(run("next-year " + shellQuoted(root)), 2);
+    EXPECT_EQ(run("next-year " + shellQuoted(root) + " 26"), 2);
+    EXPECT_NE(err.find("tallix-cli: YEAR must be a year of four digits: 26\n"), std::string::npos);
 }
 
 }  // namespace

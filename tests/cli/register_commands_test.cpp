@@ -1,10 +1,13 @@
 // tallix-cli show and update-all, run as processes on a copy of
 // tests/fixtures/march_register.xml.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <optional>
 #include <sstream>
 #include <string>
 
+#include "app/instance_lock.h"
 #include "cli/run_cli.h"
 #include "data/document.h"
 #include "data/node_text.h"
@@ -99,16 +102,84 @@ TEST_F(RegisterCommands, UpdateAllCarriesEveryMonthAndSavesTheFile) {
               std::string::npos);
 }
 
-TEST_F(RegisterCommands, WrongArgumentsExitTwoAndLeaveTheFile) {
+TEST_F(RegisterCommands, WrongArgumentsExitTwoNamingTheWrongOneAndLeaveTheFile) {
     const std::string before = test::readFile(file);
-    for (const char* arguments :
-         {"show FILE", "show FILE 13 --today 2026-03-15", "show FILE Marchx",
-          "show FILE 3 --today 2026-3", "show FILE 3 --today", "update-all",
-          "update-all FILE FILE --today 2026-03-15", "update-all FILE --today 15.03.2026"}) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"show FILE", ""},
+        {"show FILE 13 --today 2026-03-15", "month must be 1-12 or a month name: 13\n"},
+        {"show FILE 0", "month must be 1-12 or a month name: 0\n"},
+        {"show FILE Marchx", "month must be 1-12 or a month name: Marchx\n"},
+        {"show FILE 3 --today 2026-3", "--today must be a real date YYYY-MM-DD: 2026-3\n"},
+        {"show FILE 3 --today", "--today must be followed by a date YYYY-MM-DD\n"},
+        {"update-all", ""},
+        {"update-all FILE FILE --today 2026-03-15", ""},
+        {"update-all FILE --today 15.03.2026",
+         "--today must be a real date YYYY-MM-DD: 15.03.2026\n"},
+        {"update-all FILE --today 2026-02-30",
+         "--today must be a real date YYYY-MM-DD: 2026-02-30\n"},
+        {"update-all FILE --today 2026-06-15x",
+         "--today must be a real date YYYY-MM-DD: 2026-06-15x\n"},
+    };
+    for (const auto& [arguments, message] : cases) {
         EXPECT_EQ(run(arguments), 2) << arguments;
+        EXPECT_EQ(out, "") << arguments;
+        EXPECT_EQ(err.rfind(std::string("tallix-cli: ") + message, 0),
+                  *message ? 0 : std::string::npos)
+            << err;
         EXPECT_NE(err.find("usage: tallix-cli"), std::string::npos) << arguments;
     }
     EXPECT_EQ(test::readFile(file), before);
+    EXPECT_EQ(run("update-all FILE --today 2028-02-29"), 0) << err;  // a leap day is a date
+}
+
+// A file that is no data file fails on standard error, with nothing on
+// standard output, and is left as it is.
+TEST_F(RegisterCommands, APipeAFolderOrADeviceFailsAndStaysWhatItIs) {
+    std::filesystem::remove(file);
+    ASSERT_EQ(::mkfifo(file.c_str(), 0644), 0);
+    const std::filesystem::path folder = dir / "folder.xml";
+    std::filesystem::create_directory(folder);
+    const std::pair<std::string, std::string> cases[] = {
+        {"update-all FILE --today 2026-03-15", file.string() + " is a named pipe, not a data file"},
+        {"show FILE 3 --today 2026-03-15", file.string() + " is a named pipe, not a data file"},
+        {"show " + test::shellQuoted(folder) + " 3",
+         folder.string() + " is a folder, not a data file"},
+        {"update-all /dev/zero", "/dev/zero is a device, not a data file"},
+    };
+    for (const auto& [arguments, reason] : cases) {
+        EXPECT_EQ(run(arguments), 3) << arguments;
+        EXPECT_EQ(out, "") << arguments;
+        EXPECT_EQ(err, "Failed to load DOM from stocks.xml. " + reason + "\n") << arguments;
+    }
+    EXPECT_TRUE(std::filesystem::is_fifo(file));
+    EXPECT_TRUE(std::filesystem::is_empty(folder));
+    EXPECT_FALSE(std::filesystem::exists(dir / ".tallix.lock"));
+}
+
+// While a window holds the folder, the commands that write refuse with the
+// window's own message; a link into the folder does not get round it.
+TEST_F(RegisterCommands, AWindowOnTheFolderRefusesTheCommandsThatWrite) {
+    const std::string before = test::readFile(file);
+    test::TempDir elsewhere;
+    std::filesystem::create_symlink(file, elsewhere / "link.xml");
+    std::optional<InstanceLock> window = InstanceLock::acquire(dir.path());
+    ASSERT_TRUE(window);
+    const std::string refused =
+        InstanceLock::refusedText(std::filesystem::canonical(dir.path())) + "\n";
+    const std::string writers[] = {
+        "update-all FILE --today 2026-03-15", "show FILE 3 --today 2026-03-15",
+        "update-all " + test::shellQuoted(elsewhere / "link.xml") + " --today 2026-03-15"};
+    for (const std::string& arguments : writers) {
+        EXPECT_EQ(run(arguments), 3) << arguments;
+        EXPECT_EQ(out, "");
+        EXPECT_EQ(err, refused);
+    }
+    EXPECT_EQ(test::readFile(file), before);
+    EXPECT_NE(run("check FILE"), 3);  // reading needs no lock
+    EXPECT_EQ(err.find("already running"), std::string::npos) << err;
+
+    window.reset();
+    EXPECT_EQ(run("update-all FILE --today 2026-03-15"), 0) << err;
 }
 
 }  // namespace

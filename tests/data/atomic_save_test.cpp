@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <grp.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -48,6 +51,18 @@ int inChild(const std::function<int()>& body) {
     if (pid < 0 || ::waitpid(pid, &status, 0) != pid || !WIFEXITED(status))
         return -1;
     return WEXITSTATUS(status);
+}
+
+// Runs `body` as the user "nobody" when the test runs as the super-user, who
+// may write anywhere; kCannotSetUp when it cannot switch.
+int asOrdinaryUser(const std::function<int()>& body) {
+    return inChild([&] {
+        if (::geteuid() == 0 &&
+            (::setgroups(0, nullptr) != 0 || ::setresgid(65534, 65534, 65534) != 0 ||
+             ::setresuid(65534, 65534, 65534) != 0))
+            return int(kCannotSetUp);
+        return body();
+    });
 }
 
 // Saves `doc` over `file`, which holds `oldBytes`, and says how it went.
@@ -152,18 +167,101 @@ TEST(AtomicSave, AReadOnlyFolderRaisesAndKeepsTheOldFile) {
         fs::perms::all & ~(fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec));
     Document doc = largeDocument();
 
-    // The super-user writes anywhere, so the save runs as "nobody".
-    int result = inChild([&] {
-        if (::geteuid() == 0 &&
-            (::setgroups(0, nullptr) != 0 || ::setresgid(65534, 65534, 65534) != 0 ||
-             ::setresuid(65534, 65534, 65534) != 0))
-            return int(kCannotSetUp);
-        return saveMustFail(doc, folder / "tallix.xml", kOldBytes);
-    });
+    int result =
+        asOrdinaryUser([&] { return saveMustFail(doc, folder / "tallix.xml", kOldBytes); });
     fs::permissions(folder, fs::perms::owner_all);
     if (result == kCannotSetUp)
         GTEST_SKIP() << "cannot run the save as another user";
     EXPECT_EQ(result, kPassed);
+}
+
+// The rename would replace a file the user may not write as easily as any
+// other (only the folder's permissions count), so the save looks first.
+TEST(AtomicSave, AFileTheUserMayNotWriteIsRefusedBeforeAnythingIsWritten) {
+    TempDir dir;
+    const fs::path file = dir / "tallix.xml";
+    writeFile(file, kOldBytes);
+    Document doc = largeDocument();
+
+    // Read-only for everyone: refused even for the super-user.
+    fs::permissions(file, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+    try {
+        doc.save(file);
+        ADD_FAILURE() << "the save did not fail";
+    } catch (const std::runtime_error& e) {
+        EXPECT_EQ(std::string(e.what()), "could not save " + file.string() +
+                                             ": the file is read-only: " + std::strerror(EACCES));
+    }
+    EXPECT_EQ(readFile(file), kOldBytes);
+    EXPECT_EQ(entriesIn(dir.path()), 1u);
+
+    // Writable by its owner only, in a folder everyone may write: another
+    // user is refused too.
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only the super-user can make a file of another user";
+    fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
+    fs::permissions(dir.path(), fs::perms::all);
+    int result = asOrdinaryUser([&] { return saveMustFail(doc, file, kOldBytes); });
+    if (result == kCannotSetUp)
+        GTEST_SKIP() << "cannot run the save as another user";
+    EXPECT_EQ(result, kPassed);
+}
+
+TEST(AtomicSave, ATargetThatIsNotARegularFileIsLeftAsItIs) {
+    TempDir dir;
+    const fs::path pipe = dir / "pipe.xml";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0644), 0);
+    fs::create_symlink("pipe.xml", dir / "link.xml");
+    fs::create_directory(dir / "folder.xml");
+    const std::pair<const char*, const char*> cases[] = {
+        {"pipe.xml", "pipe.xml: it is a named pipe, not a regular file"},
+        {"link.xml", "pipe.xml: it is a named pipe, not a regular file"},
+        {"folder.xml", "folder.xml: it is a folder, not a regular file"}};
+    for (const auto& [name, message] : cases) {
+        try {
+            largeDocument().save(dir / name);
+            ADD_FAILURE() << name << " was replaced";
+        } catch (const std::runtime_error& e) {
+            EXPECT_NE(std::string(e.what()).find(message), std::string::npos) << e.what();
+        }
+    }
+    EXPECT_TRUE(fs::is_fifo(fs::symlink_status(pipe)));
+    EXPECT_TRUE(fs::is_symlink(dir / "link.xml"));
+    EXPECT_TRUE(fs::is_empty(dir / "folder.xml"));
+    EXPECT_EQ(entriesIn(dir.path()), 3u);
+}
+
+// A killed save leaves its temporary behind; the next save in the folder
+// removes it, but never the temporary of a save that is still writing, which
+// holds a lock on it, nor a file that only looks similar.
+TEST(AtomicSave, TemporariesOfKilledSavesAreRemovedByTheNextSave) {
+    TempDir dir;
+    writeFile(dir / "tallix.xml", kOldBytes);
+    const char* stale[] = {".tallix.xml.tmp-a1B2c3", ".tallix2025.xml.tmp-ZZZZZZ"};
+    const char* kept[] = {".tallix.xml.tmp-ab", "tallix.xml.tmp-abcdef", ".tallix.xml.tmp-abc-ef",
+                          ".x.tmp-abcdefg", "notes.txt"};
+    for (const char* name : stale)
+        writeFile(dir / name, "<tallix>half");
+    for (const char* name : kept)
+        writeFile(dir / name, "mine");
+    const fs::path running = dir / ".index.xml.tmp-Run123";
+    writeFile(running, "<tallix>being written");
+    const int held = ::open(running.c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(held, LOCK_EX), 0);
+
+    Document doc = largeDocument();
+    doc.save(dir / "tallix.xml");
+    EXPECT_EQ(readFile(dir / "tallix.xml"), doc.serialize());
+    for (const char* name : stale)
+        EXPECT_FALSE(fs::exists(dir / name)) << name;
+    for (const char* name : kept)
+        EXPECT_EQ(readFile(dir / name), "mine") << name;
+    EXPECT_TRUE(fs::exists(running));
+
+    ::close(held);  // the save that held it was killed
+    removeStaleTempFiles(dir.path());
+    EXPECT_FALSE(fs::exists(running));
+    EXPECT_EQ(entriesIn(dir.path()), 1u + std::size(kept));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <stdexcept>
@@ -79,9 +80,9 @@ TEST(Document, AFailedLoadLeavesAnEmptyDocumentThatIsNeverSaved) {
         if (bytes)
             writeFile(file, bytes);
 
-        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
         Document doc = Document::load(file);
-        const std::string printed = testing::internal::GetCapturedStdout();
+        const std::string printed = testing::internal::GetCapturedStderr();
         EXPECT_TRUE(doc.loadFailed());
         EXPECT_FALSE(doc.node().first_child());
         EXPECT_NE(doc.loadError().find(error), std::string::npos) << doc.loadError();
@@ -94,6 +95,30 @@ TEST(Document, AFailedLoadLeavesAnEmptyDocumentThatIsNeverSaved) {
             EXPECT_EQ(readFile(file), bytes);
         }
         EXPECT_FALSE(std::filesystem::exists(dir / "other.xml"));
+    }
+}
+
+// A pipe would block the load and a device never end; only a regular file of
+// a data file's size is read, and the reason names the path.
+TEST(Document, OnlyARegularFileOfADataFileSizeIsRead) {
+    TempDir dir;
+    ASSERT_EQ(::mkfifo((dir / "pipe.xml").c_str(), 0644), 0);
+    std::filesystem::create_directory(dir / "folder.xml");
+    writeFile(dir / "huge.xml", "<tallix>");
+    std::filesystem::resize_file(dir / "huge.xml", (size_t{256} << 20) + 1);  // sparse
+    const std::pair<std::filesystem::path, std::string> cases[] = {
+        {dir / "pipe.xml", " is a named pipe, not a data file"},
+        {dir / "folder.xml", " is a folder, not a data file"},
+        {"/dev/zero", " is a device, not a data file"},
+        {dir / "huge.xml",
+         " is larger than 256 MB, far more than a data file holds: it is not read"},
+    };
+    for (const auto& [path, reason] : cases) {
+        testing::internal::CaptureStderr();
+        Document doc = Document::load(path);
+        testing::internal::GetCapturedStderr();
+        EXPECT_EQ(doc.loadError(), path.string() + reason);
+        EXPECT_THROW(readFileBytes(path), std::runtime_error);
     }
 }
 

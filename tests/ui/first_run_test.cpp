@@ -154,9 +154,9 @@ TEST_F(FirstRunTest, EveryAnswerEndsWithAMonthOnScreenOrANoticeAndThenACleanExit
         Session session(env, prompter);
         ui::CTallixDlg window(session);
         prompter.setParent(&window);
-        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
         runWindow(window);
-        testing::internal::GetCapturedStdout();
+        testing::internal::GetCapturedStderr();
 
         Texts expected = {year_texts::kNoFileForCurrentYear, year_texts::kLoadPreviousYear};
         expected.push_back(c.clicks[0] == B::No ? year_texts::kLoadBlankForThisYear

@@ -88,9 +88,9 @@ TEST_F(MainWindowTest, AFirstRunCreatesTheIndexAndFollowsTheYearPrompts) {
     std::filesystem::remove(yearFile());
     env.cloud.reset();
     prompter.answers = {Answer::No, Answer::Yes};  // not the previous year; a blank one
-    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
     start();
-    testing::internal::GetCapturedStdout();
+    testing::internal::GetCapturedStderr();
 
     EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix.xml"));
     EXPECT_EQ(prompter.shown,

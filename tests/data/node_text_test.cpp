@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "data/document.h"
 #include "data/node_text.h"
 #include "data/text_utils.h"
+#include "support/temp_dir.h"
 
 namespace tallix {
 namespace {
@@ -115,6 +117,55 @@ TEST(NodeText, AWriteByPositionRefusesAnotherChildsElement) {
     pugi::xml_node february = childAt(months, 1);
     setChildText(february, 1, "9.00");
     EXPECT_EQ(nodeText(february.child("amt")), "9.00");
+}
+
+}  // namespace
+}  // namespace tallix
+
+namespace tallix {
+namespace {
+
+// Every element of a well-formed year file and index whose children the
+// program reads by position is recognised, and its children stand exactly
+// where the names say; every kind of such element occurs.
+TEST(ChildNames, DescribeEveryPositionalElementOfTheTemplatesAndTheFixture) {
+    std::map<const schema::ChildNames*, int> seen;
+    for (const char* file :
+         {"tests/fixtures/march_register.xml", "res/blank_tallix.xml", "res/first_tallix.xml"}) {
+        Document doc = Document::load(test::sourceDir() / file);
+        ASSERT_FALSE(doc.loadFailed()) << file;
+        struct Walker : pugi::xml_tree_walker {
+            std::map<const schema::ChildNames*, int>* seen;
+            bool for_each(pugi::xml_node& node) override {
+                const schema::ChildNames* names = schema::childNamesOf(node);
+                if (!names)
+                    return true;
+                ++(*seen)[names];
+                std::vector<pugi::xml_node> children = elementChildren(node);
+                EXPECT_EQ(children.size(), names->size()) << schema::elementPath(node);
+                for (size_t i = 0; i < children.size() && i < names->size(); ++i) {
+                    EXPECT_EQ(children[i].name(), (*names)[i]) << schema::elementPath(node);
+                    EXPECT_NO_THROW(schema::refuseMisplaced(children[i]));
+                }
+                return true;
+            }
+        } walker;
+        walker.seen = &seen;
+        doc.node().traverse(walker);
+    }
+    EXPECT_EQ(seen.size(), 15u);
+    // Lists and containers have no positions of their own.
+    Document doc = Document::parse(
+        "<tallix><register><month month=\"May\"/></register><receivables><name id=\"C\">"
+        "<number/><institution/><account/><amount/><months><month/></months></name>"
+        "</receivables></tallix>",
+        "lists.xml");
+    pugi::xml_node root = doc.node().child("tallix");
+    EXPECT_EQ(schema::childNamesOf(root), nullptr);
+    EXPECT_EQ(schema::childNamesOf(root.child("register").child("month")), nullptr);
+    pugi::xml_node customer = root.child("receivables").child("name");
+    EXPECT_EQ(schema::childNamesOf(customer), &schema::kCustomerChildren);
+    EXPECT_EQ(schema::childNamesOf(customer.child("months").child("month")), nullptr);
 }
 
 }  // namespace

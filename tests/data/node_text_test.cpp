@@ -113,6 +113,8 @@ TEST(NodeText, AWriteByPositionRefusesAnotherChildsElement) {
     EXPECT_EQ(nodeText(january.child("date")), "1/15/2026");
     EXPECT_THROW(setChildText(january, 2, "0"), schema::MisplacedElement);
     setChildText(january, 3, "notpaid");  // in its place
+    appendTextElement(january, "status", "surplus");
+    EXPECT_THROW(setChildText(january, 4, "0"), schema::MisplacedElement);
 
     pugi::xml_node february = childAt(months, 1);
     setChildText(february, 1, "9.00");

@@ -54,6 +54,14 @@
 #include "harness.h"
 #include "mutator.h"
 
+#if defined(__SANITIZE_ADDRESS__)
+// UBSan's settings when UBSAN_OPTIONS does not give them: a report aborts, so
+// that the input is saved (UBSan would otherwise end the process quietly).
+extern "C" const char* __ubsan_default_options() {
+    return "print_stacktrace=1:halt_on_error=1:abort_on_error=1";
+}
+#endif
+
 namespace fs = std::filesystem;
 using namespace tallix::fuzz;
 
@@ -69,6 +77,18 @@ char logCopyPath[4096] = "";  // where a crash keeps that output ("" on replay)
 int errFd = STDERR_FILENO;    // the fuzzer's own standard error
 unsigned timeoutSeconds = 20;
 volatile sig_atomic_t saved = 0;
+unsigned long long runs = 0;  // the runs begun, this one included
+
+void sayNumber(unsigned long long value) {
+    char digits[24];
+    size_t at = sizeof digits;
+    do {
+        digits[--at] = static_cast<char>('0' + value % 10);
+        value /= 10;
+    } while (value);
+    if (write(errFd, digits + at, sizeof digits - at) < 0) {
+    }
+}
 
 void say(const char* text) {
     if (write(errFd, text, std::strlen(text)) < 0) {
@@ -103,6 +123,8 @@ void save(const char* why) {
     say(why);
     say(" on ");
     say(label);
+    say(" in run ");
+    sayNumber(runs);
     say("\n");
     if (findingPath[0] && input) {
         int out = open(findingPath, O_WRONLY | O_CREAT | O_TRUNC, 0644);
@@ -178,6 +200,7 @@ std::string hex(std::uint64_t value) {
 
 // One input, under the alarm; the outcome of a run that ended.
 Outcome runGuarded(const std::string& bytes, const fs::path& folder) {
+    ++crash::runs;
     crash::input = &bytes;
     crash::saved = 0;
     alarm(crash::timeoutSeconds);

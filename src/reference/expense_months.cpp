@@ -58,15 +58,15 @@ MonthValues checkedValues(const MonthValues& typed) {
             trimmedText(typed.dueDate), trimmedText(typed.status), trimmedText(typed.check)};
 }
 
-// The month entries of the expense from `month` to December.
+// The month entries of the expense from `month` to `last`.
 std::vector<pugi::xml_node> entriesFrom(Session& session, const std::string& category,
-                                        const std::string& expense, int month) {
+                                        const std::string& expense, int month, int last) {
     if (month < 1 || month > kMonths)
         throw PlanRefusal("month " + std::to_string(month) + " is not a month from 1 to 12");
     pugi::xml_node months =
         childAt(expenseNode(session.data.node(), category, expense), schema::kExpenseMonths);
     std::vector<pugi::xml_node> entries;
-    for (int m = month; m <= kMonths; ++m)
+    for (int m = month; m <= last; ++m)
         entries.push_back(childAt(months, static_cast<size_t>(m - 1)));
     return entries;
 }
@@ -88,7 +88,7 @@ std::string monthLabel(const std::string& expense, int month) {
 void applyToMonth(Session& session, const std::string& category, const std::string& expense,
                   int month, const MonthValues& values) {
     const MonthValues checked = checkedValues(values);
-    pugi::xml_node entry = entriesFrom(session, category, expense, month).front();
+    pugi::xml_node entry = entriesFrom(session, category, expense, month, month).front();
     recordedChange(session, "Apply" + monthLabel(expense, month),
                    [&] { writeMonth(entry, checked); });
 }
@@ -99,7 +99,8 @@ void applyToAllMonths(Session& session, const std::string& category, const std::
     const std::optional<DueDate> due = parsedDueDate(checked.dueDate);
     if (due)
         checked.dueDate = due->text(due->month);
-    const std::vector<pugi::xml_node> entries = entriesFrom(session, category, expense, month);
+    const std::vector<pugi::xml_node> entries =
+        entriesFrom(session, category, expense, month, kMonths);
     const bool noEntry = checked.status == kNoEntryStatus;
     recordedChange(session, "Apply to all months from" + monthLabel(expense, month), [&] {
         writeMonth(entries.front(), checked);

@@ -68,7 +68,7 @@ TEST(PlanMaintenance, RenamesAndMovesReachTheirLinesInAllTwelveMonthsOnly) {
 TEST(PlanMaintenance, SaveChangesRenamesWritesTheFieldsAndResetsChildFive) {
     MaintainedYear year;
     year.prompter.answers = {Answer::No};
-    saveExpenseChanges(year.session(), year.prompter, "Utilities", "Gas", " Fuel ",
+    saveExpenseChanges(year.session(), year.prompter, "Utilities", "Gas", "\tFuel\n",
                        {"auto", "Savings", "0", "Credit Union", "$1,200"});
     EXPECT_EQ(year.prompter.shown, Texts{kRenameExpenseQuestion});
     year.reopen();
@@ -79,11 +79,12 @@ TEST(PlanMaintenance, SaveChangesRenamesWritesTheFieldsAndResetsChildFive) {
 
 TEST(PlanMaintenance, NewExpenseIsACopyBeforeTheSelectedOneWithItsMonthsZeroed) {
     MaintainedYear year;
-    saveNewExpense(year.session(), "Utilities", "Water", "Internet", {"auto", "", "", "Bank", "0"});
+    saveNewExpense(year.session(), "Utilities", "Water", "Internet",
+                   {"auto", "", "1", "Bank", "0"});
     year.reopen();
     EXPECT_EQ(year.expenses("Utilities"), Texts({"Gas", "Internet", "Water", "Power"}));
     EXPECT_EQ(year.fields("Utilities", "Internet"),
-              Texts({"Utilities", "auto", "", "", "Bank", "0", "0"}));
+              Texts({"Utilities", "auto", "", "1", "Bank", "0", "0"}));
     EXPECT_EQ(year.fields("Utilities", "Internet", 12),
               Texts({"December", "0", "0", "0", "0", "0", "0"}));
     EXPECT_EQ(year.fields("Utilities", "Water", 12), original(12));
@@ -101,8 +102,8 @@ TEST(PlanMaintenance, ApplyWritesOneMonthAndApplyToAllCarriesOnToDecember) {
          {{10, {"October", "40.00", "10/1/2026", "11/7/2026", "notpaid", "debit", "77"}},
           {11, {"November", "40.00", "10/1/2026", "12/7/2026", "notpaid", "debit", "111"}},
           {12, {"December", "40.00", "10/1/2026", "13/7/2026", "notpaid", "debit", "112"}}}},
-        {"no entry keeps later dates", true, 11, {"0", "", "11/9/2026", "no entry", ""},
-         {{11, {"November", "0", "", "11/9/2026", "no entry", "debit", ""}},
+        {"no entry keeps later dates", true, 11, {"0", "", "1/1/2026", "no entry", ""},
+         {{11, {"November", "0", "", "1/1/2026", "no entry", "debit", ""}},
           {12, {"December", "0", "12/2/2026", "12/5/2026", "no entry", "debit", "112"}}}},
         {"empty due date numbers nothing", true, 11, {"5", "x", "", "notpaid", ""},
          {{11, {"November", "5.00", "x", "", "notpaid", "debit", ""}},

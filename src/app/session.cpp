@@ -37,12 +37,14 @@ void Session::openDataFile(const std::string& bareName) {
     fileName = bareName;
     filePath = inDataFolder(bareName);
     data = Document::load(filePath);
+    history.clear();
 }
 
 void Session::openDataPath(const std::filesystem::path& path) {
     fileName = path.filename().string();
     filePath = path;
     data = Document::load(path);
+    history.clear();
 }
 
 void Session::saveData() const {

@@ -6,6 +6,7 @@
 
 #include "app/environment.h"
 #include "app/prompter.h"
+#include "app/undo_history.h"
 #include "data/document.h"
 #include "register/register_view.h"
 
@@ -39,6 +40,9 @@ class Session {
 
     Document data;
     Document index;
+    // The operations Edit > Undo can take back; forgotten when a data file
+    // is opened.
+    UndoHistory history;
     std::string fileName;
     std::filesystem::path filePath;
 

@@ -25,7 +25,8 @@ struct UsageError : std::invalid_argument {
     using std::invalid_argument::invalid_argument;
 };
 
-// The commands that write a file (show, update-all, next-year) first take
+// The commands that write a file (show, update-all, next-year, expense,
+// category) first take
 // the lock a Tallix window holds on its data folder, on the folder of the
 // file they write; while a window (or another tallix-cli) holds it they print
 // the window's own refusal on standard error and return kFailed.
@@ -59,5 +60,16 @@ int runNextYear(const Arguments& arguments, std::ostream& out, std::ostream& err
 // file into the working folder. M (default: today's month) is the month of
 // the recurring report.
 int runReport(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// expense rename|move|apply FILE ...: the expense dialog's SAVE ABOVE
+// CHANGES of a new name, Move to different Category, APPLY and APPLY TO ALL
+// MONTHS; each prints what it changed. kFaultsFound, with the reason on
+// `err`, when a name is not in the plan or a value is refused (nothing is
+// written then).
+int runExpense(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// category rename|add|delete FILE ...: the category dialog's operations, the
+// same way.
+int runCategory(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
 }  // namespace tallix::cli

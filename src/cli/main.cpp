@@ -12,7 +12,7 @@ namespace {
 
 using tallix::cli::Command;
 
-constexpr std::array<Command, 5> kCommands = {{
+constexpr std::array<Command, 7> kCommands = {{
     {"check", "FILE",
      "report what a year data file or the index file lacks or holds out of shape, one line "
      "per fault; exit status 1 when there is any",
@@ -35,6 +35,25 @@ constexpr std::array<Command, 5> kCommands = {{
      "folder; KIND is recurring (for month M, default today's), year, monthly, "
      "receivables-monthly or receivables-year",
      tallix::cli::runReport},
+    {"expense",
+     "rename FILE CATEGORY OLD NEW [--lines]\n"
+     "  expense move FILE EXPENSE FROM-CATEGORY TO-CATEGORY [--lines]\n"
+     "  expense apply FILE CATEGORY EXPENSE MONTH [--amount A] [--status S] [--due M/D/YYYY]\n"
+     "                [--paid TEXT] [--check N] [--all-months]",
+     "rename an expense of CATEGORY (--lines: and the register lines that name it there); "
+     "move an expense to the end of another category (--lines: and give its register lines "
+     "the new category); write the given values into MONTH (1-12 or its name) of an "
+     "expense's plan, the others staying as they are (--all-months: and carry them on to "
+     "December). Prints what changed; exit status 1 when a name is not found or a value is "
+     "refused",
+     tallix::cli::runExpense},
+    {"category",
+     "rename FILE OLD NEW\n  category add FILE NEW --before CATEGORY\n"
+     "  category delete FILE NAME",
+     "rename a category, its expenses' category and every register line's; add a category "
+     "before another, holding one expense xxxx; delete a category with all its expenses. "
+     "Prints what changed; exit status 1 when a name is not found or refused",
+     tallix::cli::runCategory},
 }};
 
 void printUsage(std::ostream& to) {

@@ -11,19 +11,6 @@
 namespace tallix::cli {
 namespace {
 
-// Opens FILE in a session whose year is the file's working year (today's).
-struct Opened {
-    Opened(const std::string& file, Date today, std::ostream& err)
-        : prompter(err),
-          env(today, std::filesystem::path(file).parent_path()),
-          session(env, prompter) {
-        session.openDataPath(file);
-    }
-    TerminalPrompter prompter;
-    TerminalEnvironment env;
-    Session session;
-};
-
 void printTable(const Session& session, std::ostream& out) {
     const auto& columns = session.view.grid.columns;
     for (size_t c = 0; c < columns.size(); ++c)
@@ -38,7 +25,7 @@ void printTable(const Session& session, std::ostream& out) {
     }
 }
 
-int finish(const Opened& opened) {
+int finish(const OpenedFile& opened) {
     return opened.prompter.failed() ? kFailed : kOk;
 }
 
@@ -53,7 +40,7 @@ int runShow(const Arguments& given, std::ostream& out, std::ostream& err) {
     std::vector<InstanceLock> locks;
     if (!lockFolderOf(arguments[0], locks, err))
         return kFailed;
-    Opened opened(arguments[0], today, err);
+    OpenedFile opened(arguments[0], today, err);
     Session& session = opened.session;
     if (session.data.loadFailed())
         return kFailed;
@@ -76,7 +63,7 @@ int runUpdateAll(const Arguments& given, std::ostream&, std::ostream& err) {
     std::vector<InstanceLock> locks;
     if (!lockFolderOf(arguments[0], locks, err))
         return kFailed;
-    Opened opened(arguments[0], today, err);
+    OpenedFile opened(arguments[0], today, err);
     Session& session = opened.session;
     if (session.data.loadFailed())
         return kFailed;

@@ -15,16 +15,8 @@ namespace {
 // keeps its value when the option is absent. Throws UsageError when M is
 // missing or names no month.
 void takeMonth(Arguments& arguments, int& month) {
-    for (size_t i = 0; i < arguments.size(); ++i) {
-        if (arguments[i] != "--month")
-            continue;
-        if (i + 1 >= arguments.size())
-            throw UsageError("--month must be followed by a month");
-        month = monthArgument(arguments[i + 1]);
-        arguments.erase(arguments.begin() + static_cast<std::ptrdiff_t>(i),
-                        arguments.begin() + static_cast<std::ptrdiff_t>(i + 2));
-        return;
-    }
+    if (std::optional<std::string> given = takeOption(arguments, "--month", "a month"))
+        month = monthArgument(*given);
 }
 
 }  // namespace

@@ -15,14 +15,22 @@ void TerminalPrompter::notify(const std::string& text) {
     err_ << text << '\n';
 }
 
+Answer TerminalPrompter::next(const std::string& text) {
+    Answer answer = Answer::No;
+    if (!answers.empty()) {
+        answer = answers.front();
+        answers.pop_front();
+    }
+    err_ << text << (answer == Answer::Yes ? " [answered Yes]\n" : " [answered No]\n");
+    return answer;
+}
+
 Answer TerminalPrompter::askYesNo(const std::string& text) {
-    err_ << text << " [answered No]\n";
-    return Answer::No;
+    return next(text);
 }
 
 Answer TerminalPrompter::askYesNoCancel(const std::string& text) {
-    err_ << text << " [answered No]\n";
-    return Answer::No;
+    return next(text);
 }
 
 std::filesystem::path TerminalEnvironment::documentsFolder() const {
@@ -31,30 +39,53 @@ std::filesystem::path TerminalEnvironment::documentsFolder() const {
 }
 
 Date takeToday(Arguments& arguments) {
-    for (size_t i = 0; i < arguments.size(); ++i) {
-        if (arguments[i] != "--today")
-            continue;
-        if (i + 1 >= arguments.size())
-            throw UsageError("--today must be followed by a date YYYY-MM-DD");
-        const std::string text = arguments[i + 1];
-        arguments.erase(arguments.begin() + static_cast<std::ptrdiff_t>(i),
-                        arguments.begin() + static_cast<std::ptrdiff_t>(i + 2));
-        // Exactly YYYY-MM-DD: digits where digits belong, nothing after them.
-        bool shaped = text.size() == 10 && text[4] == '-' && text[7] == '-';
-        for (size_t at = 0; shaped && at < text.size(); ++at)
-            shaped = at == 4 || at == 7 || (text[at] >= '0' && text[at] <= '9');
-        Date d;
-        if (shaped)
-            d = {std::stoi(text.substr(0, 4)), std::stoi(text.substr(5, 2)),
-                 std::stoi(text.substr(8, 2))};
-        if (!shaped || !isCalendarDate(d))
-            throw UsageError("--today must be a real date YYYY-MM-DD: " + text);
-        return d;
-    }
+    std::optional<std::string> given = takeOption(arguments, "--today", "a date YYYY-MM-DD");
+    if (!given)
+        return localToday();
+    const std::string& text = *given;
+    // Exactly YYYY-MM-DD: digits where digits belong, nothing after them.
+    bool shaped = text.size() == 10 && text[4] == '-' && text[7] == '-';
+    for (size_t at = 0; shaped && at < text.size(); ++at)
+        shaped = at == 4 || at == 7 || (text[at] >= '0' && text[at] <= '9');
+    Date d;
+    if (shaped)
+        d = {std::stoi(text.substr(0, 4)), std::stoi(text.substr(5, 2)),
+             std::stoi(text.substr(8, 2))};
+    if (!shaped || !isCalendarDate(d))
+        throw UsageError("--today must be a real date YYYY-MM-DD: " + text);
+    return d;
+}
+
+Date localToday() {
     std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
     return Date{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
+}
+
+std::optional<std::string> takeOption(Arguments& arguments, const std::string& name,
+                                      const std::string& what) {
+    for (size_t i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] != name)
+            continue;
+        if (i + 1 >= arguments.size())
+            throw UsageError(name + " must be followed by " + what);
+        std::string value = arguments[i + 1];
+        arguments.erase(arguments.begin() + static_cast<std::ptrdiff_t>(i),
+                        arguments.begin() + static_cast<std::ptrdiff_t>(i + 2));
+        return value;
+    }
+    return std::nullopt;
+}
+
+bool takeFlag(Arguments& arguments, const std::string& name) {
+    for (size_t i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] == name) {
+            arguments.erase(arguments.begin() + static_cast<std::ptrdiff_t>(i));
+            return true;
+        }
+    }
+    return false;
 }
 
 int monthArgument(const std::string& text) {

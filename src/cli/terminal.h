@@ -2,6 +2,7 @@
 // The seams of the core for the terminal: notices go to standard error, one
 // per line; questions are answered No (tallix-cli never waits for input); the
 // date is the real one unless --today names another.
+#include <deque>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 #include "app/environment.h"
 #include "app/instance_lock.h"
 #include "app/prompter.h"
+#include "app/session.h"
 #include "cli/commands.h"
 
 namespace tallix::cli {
@@ -28,8 +30,13 @@ class TerminalPrompter : public Prompter {
     }
     // True once a command handler reported a runtime error.
     bool failed() const { return failed_; }
+    // The answers to the next questions, in order (a command's options give
+    // them); a question beyond them is answered No.
+    std::deque<Answer> answers;
 
   private:
+    Answer next(const std::string& text);
+
     std::ostream& err_;
     bool failed_ = false;
 };
@@ -49,9 +56,34 @@ class TerminalEnvironment : public Environment {
     std::filesystem::path dataRoot_;
 };
 
+// FILE opened in a session on the terminal whose year is the file's working
+// year (today's). A file that cannot be read leaves session.data failed.
+struct OpenedFile {
+    OpenedFile(const std::string& file, Date today, std::ostream& err)
+        : prompter(err),
+          env(today, std::filesystem::path(file).parent_path()),
+          session(env, prompter) {
+        session.openDataPath(file);
+    }
+    TerminalPrompter prompter;
+    TerminalEnvironment env;
+    Session session;
+};
+
+// The real date.
+Date localToday();
+
 // Takes "--today YYYY-MM-DD" out of `arguments`; the real date when absent.
 // Throws UsageError when the option has no date or one that does not exist.
 Date takeToday(Arguments& arguments);
+
+// Takes "NAME VALUE" out of `arguments`: VALUE, or nothing when NAME is not
+// there. Throws UsageError "NAME must be followed by WHAT" when VALUE is
+// missing.
+std::optional<std::string> takeOption(Arguments& arguments, const std::string& name,
+                                      const std::string& what = "a value");
+// Takes the flag NAME out of `arguments`; whether it was there.
+bool takeFlag(Arguments& arguments, const std::string& name);
 
 // The month an argument names: 1-12 or an English month name. Throws
 // UsageError for anything else.

@@ -4,6 +4,7 @@
 #include "data/query.h"
 #include "data/schema_names.h"
 #include "data/values.h"
+#include "reference/plan_nodes.h"
 
 namespace tallix {
 namespace {
@@ -19,16 +20,8 @@ using schema::kEntryType;
 // month's name.
 constexpr size_t kItemLine = 0;
 
-// Positions of the fields of an expense, an income source and a customer.
-enum ExpenseChild : size_t {
-    kExpenseCategory = 0,
-    kExpenseType,
-    kExpenseAccount,
-    kExpenseClosingDay,
-    kExpenseInstitution,
-    kExpenseReset,
-    kExpenseAmount
-};
+// Positions of the fields of an income source and a customer (an expense's
+// are in plan_nodes.h).
 enum IncomeChild : size_t {
     kIncomeInstitution = 0,
     kIncomeAccount,

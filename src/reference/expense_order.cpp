@@ -1,0 +1,69 @@
+#include "reference/expense_order.h"
+
+#include "app/prompter.h"
+#include "app/session.h"
+#include "data/node_text.h"
+#include "data/schema_names.h"
+#include "reference/plan_messages.h"
+#include "reference/plan_nodes.h"
+
+namespace tallix {
+namespace {
+
+pugi::xml_node elementSibling(pugi::xml_node node, bool later) {
+    do
+        node = later ? node.next_sibling() : node.previous_sibling();
+    while (node && node.type() != pugi::node_element);
+    return node;
+}
+
+bool moveOnePlace(Session& session, const std::string& category, const std::string& expense,
+                  bool later) {
+    pugi::xml_node node = expenseNode(session.data.node(), category, expense);
+    pugi::xml_node neighbour = elementSibling(node, later);
+    if (!neighbour)
+        return false;
+    recordedChange(session, "Move expense " + expense + (later ? " down" : " up"), [&] {
+        if (later)
+            node.parent().insert_move_after(node, neighbour);
+        else
+            node.parent().insert_move_before(node, neighbour);
+    });
+    return true;
+}
+
+}  // namespace
+
+std::optional<int> moveExpenseToCategory(Session& session, Prompter& prompter,
+                                         const std::string& fromCategory,
+                                         const std::string& expense,
+                                         const std::string& toCategory) {
+    pugi::xml_node data = session.data.node();
+    pugi::xml_node node = expenseNode(data, fromCategory, expense);
+    pugi::xml_node target = categoryNode(data, toCategory);
+    refuseTakenExpense(target, expense);
+    if (prompter.askYesNoCancel(kMoveExpenseQuestion) != Answer::Yes)
+        return std::nullopt;
+    int changed = 0;
+    recordedChange(session, "Move expense " + expense + " to " + toCategory, [&] {
+        pugi::xml_node source = node.parent().parent();
+        pugi::xml_node moved = expenseList(target).append_copy(node);
+        node.parent().remove_child(node);
+        setChildText(moved, kExpenseCategory, toCategory);
+        recountExpenses(source);
+        recountExpenses(target);
+        if (prompter.askYesNoCancel(kMoveLinesQuestion) == Answer::Yes)
+            changed = rewriteLines(data, expense, fromCategory, schema::kCategoty, toCategory);
+    });
+    return changed;
+}
+
+bool moveExpenseUp(Session& session, const std::string& category, const std::string& expense) {
+    return moveOnePlace(session, category, expense, false);
+}
+
+bool moveExpenseDown(Session& session, const std::string& category, const std::string& expense) {
+    return moveOnePlace(session, category, expense, true);
+}
+
+}  // namespace tallix

@@ -31,6 +31,7 @@ CcategoryDlg::CcategoryDlg(Session& session, QWidget* parent) : QDialog(parent),
     tree_ = new QTreeWidget(this);
     tree_->setObjectName(QStringLiteral("categoryTree"));
     tree_->setHeaderLabel(QStringLiteral("CATEGORIES"));
+    tree_->setRootIsDecorated(false);
     tree_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                            QAbstractItemView::SelectedClicked);
     layout->addWidget(tree_);

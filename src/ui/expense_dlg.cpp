@@ -1,18 +1,24 @@
 #include "ui/expense_dlg.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <iterator>
 
+#include "app/session.h"
 #include "data/values.h"
+#include "reference/expense_order.h"
+#include "reference/plan_input.h"
+#include "reference/plan_messages.h"
 #include "ui/plan_dialog_parts.h"
 
 namespace tallix::ui {
@@ -31,9 +37,28 @@ constexpr MonthColumn kMonthColumns[] = {{"MONTH", 75},    {"AMOUNT", 75},  {"DA
                                          {"DUEDATE", 100}, {"STATUS", 100}, {"TYPE", 100},
                                          {"CHECK #", 75}};
 constexpr int kMonthRows = 13;  // row 0 stands for no month; rows 1-12 are the months
+enum MonthCell { kAmountCell = 1, kDatePaidCell, kDueDateCell, kStatusCell, kTypeCell, kCheckCell };
 
 void setCell(QTableWidget* table, int row, int column, const std::string& text) {
     table->setItem(row, column, new QTableWidgetItem(qs(text)));
+}
+
+QString cellText(const QTableWidget* table, int row, int column) {
+    const QTableWidgetItem* item = table->item(row, column);
+    return item ? item->text() : QString();
+}
+
+QPushButton* addButton(QBoxLayout* row, const QString& text, const QString& objectName,
+                       QWidget* parent) {
+    auto* b = new QPushButton(text, parent);
+    b->setObjectName(objectName);
+    b->setAutoDefault(false);
+    row->addWidget(b);
+    return b;
+}
+
+std::string text(const QLineEdit* edit) {
+    return edit->text().toStdString();
 }
 
 }  // namespace
@@ -43,9 +68,35 @@ CExpenseDlg::CExpenseDlg(pugi::xml_node yearData, int mode, QWidget* parent)
       data_(yearData),
       income_(mode == kPickIncomeMode),
       banks_(institutionChoices(yearData)) {
-    setObjectName(QStringLiteral("expenseDialog"));
     setWindowTitle(income_ ? QStringLiteral("SELECT AN INCOME SOURCE")
                            : QStringLiteral("SELECT AN EXPENSE"));
+    buildWindow();
+    connect(tree_, &QTreeWidget::currentItemChanged, this,
+            [this](QTreeWidgetItem* now) { showSelection(now); });
+    connect(tree_, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
+        if (isPickable(item))
+            pickCurrent();
+    });
+}
+
+CExpenseDlg::CExpenseDlg(Session& session, QWidget* parent)
+    : QDialog(parent),
+      session_(&session),
+      income_(false),
+      banks_(institutionChoices(session.data.node())) {
+    setWindowTitle(QStringLiteral("EDIT, ADD OR DELETE AN EXPENSE"));
+    buildWindow();
+    connect(tree_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* now) {
+        if (!filling_)
+            onSelected(now);
+    });
+    updateButtons();
+    // Room for the whole month list (13 rows, 7 columns) beside the tree.
+    resize(sizeHint().expandedTo(QSize(1100, 680)));
+}
+
+void CExpenseDlg::buildWindow() {
+    setObjectName(QStringLiteral("expenseDialog"));
     auto* layout = new QVBoxLayout(this);
     auto* body = new QHBoxLayout;
     tree_ = new QTreeWidget(this);
@@ -59,23 +110,24 @@ CExpenseDlg::CExpenseDlg(pugi::xml_node yearData, int mode, QWidget* parent)
     const OkCancel buttons = addOkCancelRow(layout, this);
     ok_ = buttons.ok;
     cancel_ = buttons.cancel;
-
     fillTree();
-    connect(tree_, &QTreeWidget::currentItemChanged, this,
-            [this](QTreeWidgetItem* now) { showSelection(now); });
-    connect(tree_, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
-        if (isPickable(item))
-            pickCurrent();
-    });
     connect(ok_, &QPushButton::clicked, this, &CExpenseDlg::pickCurrent);
     connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
+    if (session_) {
+        auto* menu = new QMenuBar(this);
+        layout->setMenuBar(menu);
+        for (QAction* a : {delete_, addNew_, moveTo_})
+            menu->addAction(a);
+    }
 }
 
 QWidget* CExpenseDlg::buildDetails() {
     auto* panel = new QWidget(this);
     auto* column = new QVBoxLayout(panel);
+    auto* top = new QHBoxLayout;
+    column->addLayout(top);
     auto* form = new QFormLayout;
-    column->addLayout(form);
+    top->addLayout(form);
     name_ = addTextRow(form, QStringLiteral("NAME"), QStringLiteral("nameEdit"));
     category_ = new QLabel(panel);
     category_->setObjectName(QStringLiteral("categoryLabel"));
@@ -87,35 +139,109 @@ QWidget* CExpenseDlg::buildDetails() {
     amount_ =
         addTextRow(form, QStringLiteral("REPEATING AMOUNT"), QStringLiteral("repeatingAmountEdit"));
     closingDay_ = addTextRow(form, QStringLiteral("CLOSING DAY"), QStringLiteral("closingDayEdit"));
-    // Editing the plan from here comes with the maintenance commands; until
-    // then the fields only show what the file holds.
-    showOnly({name_, amount_, closingDay_}, {type_, bank_.institution, bank_.account});
+    // A picker only shows what the file holds.
+    if (!session_)
+        showOnly({name_, amount_, closingDay_}, {type_, bank_.institution, bank_.account});
 
     months_ = new QTableWidget(kMonthRows, static_cast<int>(std::size(kMonthColumns)), panel);
     months_->setObjectName(QStringLiteral("monthTable"));
     months_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    months_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    months_->setSelectionMode(QAbstractItemView::SingleSelection);
     months_->verticalHeader()->hide();
+    months_->verticalHeader()->setDefaultSectionSize(months_->fontMetrics().height() + 8);
     for (int c = 0; c < static_cast<int>(std::size(kMonthColumns)); ++c) {
         months_->setHorizontalHeaderItem(c, new QTableWidgetItem(kMonthColumns[c].title));
         months_->setColumnWidth(c, kMonthColumns[c].width);
     }
     for (int m = 1; m < kMonthRows; ++m)
         setCell(months_, m, 0, monthName(m));
+    // Every row and column shows without scrolling.
+    months_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    months_->setMinimumSize(months_->sizeHint());
     column->addWidget(months_);
+    if (session_)
+        buildMaintenance(panel, top, column);
     clearDetails();
     return panel;
 }
 
+void CExpenseDlg::buildMaintenance(QWidget* panel, QBoxLayout* top, QBoxLayout* column) {
+    auto* monthColumn = new QVBoxLayout;
+    top->addLayout(monthColumn);
+    auto* monthForm = new QFormLayout;
+    monthColumn->addLayout(monthForm);
+    monthAmount_ = addTextRow(monthForm, QStringLiteral("AMOUNT"), QStringLiteral("monthAmount"));
+    dueDate_ = addTextRow(monthForm, QStringLiteral("DUE DATE"), QStringLiteral("dueDate"));
+    datePaid_ = addTextRow(monthForm, QStringLiteral("DATE PAID"), QStringLiteral("datePaid"));
+    check_ = addTextRow(monthForm, QStringLiteral("CHECK #"), QStringLiteral("checkNumber"));
+    status_ = addChoiceRow(monthForm, QStringLiteral("STATUS"), QStringLiteral("statusBox"));
+    for (const char* s : kPlanEntryStatuses)
+        status_->addItem(QString::fromLatin1(s));
+    auto* monthButtons = new QHBoxLayout;
+    monthColumn->addLayout(monthButtons);
+    apply_ = addButton(monthButtons, QStringLiteral("APPLY"), QStringLiteral("applyButton"), panel);
+    applyAll_ = addButton(monthButtons, QStringLiteral("APPLY TO ALL MONTHS"),
+                          QStringLiteral("applyAllButton"), panel);
+    cancelEdit_ = addButton(monthButtons, QStringLiteral("CANCEL EDIT"),
+                            QStringLiteral("cancelEditButton"), panel);
+    monthColumn->addStretch(1);
+
+    auto* expenseButtons = new QHBoxLayout;
+    column->addLayout(expenseButtons);
+    saveNew_ = addButton(expenseButtons, QStringLiteral("SAVE THE NEW EXPENSE"),
+                         QStringLiteral("saveNewButton"), panel);
+    saveChanges_ = addButton(expenseButtons, QStringLiteral("SAVE ABOVE CHANGES"),
+                             QStringLiteral("saveChangesButton"), panel);
+    expenseButtons->addStretch(1);
+    moveUp_ =
+        addButton(expenseButtons, QStringLiteral("MOVE UP"), QStringLiteral("moveUpButton"), panel);
+    moveDown_ = addButton(expenseButtons, QStringLiteral("MOVE DOWN"),
+                          QStringLiteral("moveDownButton"), panel);
+    saveNew_->hide();
+
+    delete_ = new QAction(QStringLiteral("Delete"), this);
+    addNew_ = new QAction(QStringLiteral("Add New"), this);
+    moveTo_ = new QAction(QStringLiteral("Move to different Category"), this);
+    tree_->setContextMenuPolicy(Qt::ActionsContextMenu);
+    tree_->addActions({delete_, addNew_, moveTo_});
+
+    connect(delete_, &QAction::triggered, this, &CExpenseDlg::deleteSelected);
+    connect(addNew_, &QAction::triggered, this, &CExpenseDlg::addNew);
+    connect(moveTo_, &QAction::triggered, this, &CExpenseDlg::startMove);
+    connect(saveNew_, &QPushButton::clicked, this, &CExpenseDlg::saveNew);
+    connect(saveChanges_, &QPushButton::clicked, this, &CExpenseDlg::saveChanges);
+    connect(apply_, &QPushButton::clicked, this, [this] { applyMonth(false); });
+    connect(applyAll_, &QPushButton::clicked, this, [this] { applyMonth(true); });
+    connect(cancelEdit_, &QPushButton::clicked, this,
+            [this] { showMonthRow(months_->currentRow()); });
+    connect(moveUp_, &QPushButton::clicked, this, [this] { move(true); });
+    connect(moveDown_, &QPushButton::clicked, this, [this] { move(false); });
+    connect(months_, &QTableWidget::currentCellChanged, this, [this](int row) {
+        showMonthRow(row);
+        updateButtons();
+    });
+}
+
+pugi::xml_node CExpenseDlg::data() const {
+    return session_ ? session_->data.node() : data_;
+}
+
+void CExpenseDlg::rethrowFailure() const {
+    if (failure_)
+        std::rethrow_exception(failure_);
+}
+
 void CExpenseDlg::fillTree() {
     if (income_) {
-        sources_ = incomeSources(data_);
+        sources_ = incomeSources(data());
         for (size_t i = 0; i < sources_.size(); ++i) {
             auto* item = new QTreeWidgetItem(tree_, {qs(sources_[i].name)});
             item->setData(0, kSourceRole, static_cast<int>(i));
         }
         return;
     }
-    for (const CategoryExpenses& category : expenseTree(data_)) {
+    for (const CategoryExpenses& category : expenseTree(data())) {
         auto* top = new QTreeWidgetItem(tree_, {qs(category.category)});
         for (const std::string& expense : category.expenses) {
             auto* item = new QTreeWidgetItem(top, {qs(expense)});
@@ -142,7 +268,7 @@ void CExpenseDlg::showSelection(QTreeWidgetItem* item) {
     } else if (!isPickable(item)) {
         category_->setText(item->text(0));
     } else if (const auto details =
-                   expenseDetails(data_, item->data(0, kCategoryRole).toString().toStdString(),
+                   expenseDetails(data(), item->data(0, kCategoryRole).toString().toStdString(),
                                   item->text(0).toStdString())) {
         showExpense(*details);
     }
@@ -159,9 +285,9 @@ void CExpenseDlg::showExpense(const ExpenseDetails& details) {
         const PlanEntryRow& e = details.months[m];
         const int row = static_cast<int>(m) + 1;
         int c = 1;
-        for (const std::string* text :
+        for (const std::string* cell :
              {&e.amount, &e.datePaid, &e.dueDate, &e.status, &e.type, &e.check})
-            setCell(months_, row, c++, *text);
+            setCell(months_, row, c++, *cell);
     }
 }
 
@@ -181,6 +307,8 @@ void CExpenseDlg::clearDetails() {
     for (int row = 0; row < kMonthRows; ++row)
         for (int c = 1; c < months_->columnCount(); ++c)
             delete months_->takeItem(row, c);
+    if (session_)
+        showMonthRow(-1);
 }
 
 void CExpenseDlg::pickCurrent() {
@@ -192,6 +320,186 @@ void CExpenseDlg::pickCurrent() {
             pick_.category = item->data(0, kCategoryRole).toString().toStdString();
     }
     accept();
+}
+
+// ---- Maintenance ----
+
+void CExpenseDlg::onSelected(QTreeWidgetItem* item) {
+    if (pendingMove_ && item) {
+        pendingMove_ = false;
+        const std::string target = (item->parent() ? item->parent() : item)->text(0).toStdString();
+        std::optional<int> moved;
+        if (!run([&] {
+                moved = moveExpenseToCategory(*session_, session_->prompter(), expenseCategory_,
+                                              expense_, target);
+            }))
+            return;
+        if (moved) {
+            reload(target, expense_);
+            return;
+        }
+    }
+    saveNew_->hide();
+    saveChanges_->show();
+    expense_.clear();
+    expenseCategory_.clear();
+    clearDetails();
+    if (item && isPickable(item)) {
+        const std::string category = item->data(0, kCategoryRole).toString().toStdString();
+        const std::string name = item->text(0).toStdString();
+        if (const auto details = expenseDetails(data(), category, name)) {
+            expense_ = name;
+            expenseCategory_ = category;
+            showExpense(*details);
+            showMonthRow(months_->currentRow());
+        } else {
+            session_->prompter().notify(kPlanExpenseNotFound + name);
+        }
+    } else if (item) {
+        expenseCategory_ = item->text(0).toStdString();
+        category_->setText(item->text(0));
+    }
+    updateButtons();
+}
+
+void CExpenseDlg::showMonthRow(int row) {
+    const bool month = row >= 1 && row < kMonthRows && !expense_.empty() && saveNew_->isHidden();
+    monthAmount_->setText(month ? cellText(months_, row, kAmountCell) : QString());
+    datePaid_->setText(month ? cellText(months_, row, kDatePaidCell) : QString());
+    dueDate_->setText(month ? cellText(months_, row, kDueDateCell) : QString());
+    check_->setText(month ? cellText(months_, row, kCheckCell) : QString());
+    status_->setCurrentIndex(month ? status_->findText(cellText(months_, row, kStatusCell)) : -1);
+}
+
+void CExpenseDlg::updateButtons() {
+    const bool expense = !expense_.empty();
+    const bool adding = !saveNew_->isHidden();
+    const int row = months_->currentRow();
+    moveUp_->setVisible(expense && !adding);
+    moveDown_->setVisible(expense && !adding);
+    saveChanges_->setEnabled(expense);
+    for (QPushButton* b : {apply_, applyAll_, cancelEdit_})
+        b->setEnabled(expense && !adding && row >= 1 && row < kMonthRows);
+    moveTo_->setEnabled(expense && !adding);
+}
+
+bool CExpenseDlg::run(const std::function<void()>& call) {
+    try {
+        call();
+        return true;
+    } catch (const PlanRefusal& refusal) {
+        session_->prompter().notify(refusal.what());
+    } catch (...) {
+        failure_ = std::current_exception();
+        reject();
+    }
+    return false;
+}
+
+void CExpenseDlg::reload(const std::string& category, const std::string& expense) {
+    const int row = months_->currentRow();
+    filling_ = true;
+    tree_->clear();
+    fillTree();
+    QTreeWidgetItem* found = nullptr;
+    for (QTreeWidgetItem* item :
+         tree_->findItems(qs(expense), Qt::MatchExactly | Qt::MatchRecursive))
+        if (item->parent() && item->parent()->text(0) == qs(category))
+            found = item;
+    tree_->setCurrentItem(found);
+    filling_ = false;
+    onSelected(found);
+    if (row >= 1)
+        months_->setCurrentCell(row, 0);
+}
+
+ExpenseFields CExpenseDlg::fields() const {
+    return {type_->currentText().toStdString(), bank_.account->currentText().toStdString(),
+            text(closingDay_), bank_.institution->currentText().toStdString(), text(amount_)};
+}
+
+MonthValues CExpenseDlg::monthValues() const {
+    return {text(monthAmount_), text(datePaid_), text(dueDate_),
+            status_->currentText().toStdString(), text(check_)};
+}
+
+void CExpenseDlg::addNew() {
+    if (expense_.empty()) {
+        session_->prompter().notify(kNoExpenseToPlaceBefore);
+        return;
+    }
+    const std::string category = expenseCategory_;
+    clearDetails();
+    category_->setText(qs(category));
+    saveChanges_->hide();
+    saveNew_->show();
+    showMonthRow(-1);
+    updateButtons();
+    name_->setFocus();
+}
+
+void CExpenseDlg::saveNew() {
+    const std::string name = text(name_);
+    if (run([&] { saveNewExpense(*session_, expenseCategory_, expense_, name, fields()); })) {
+        pick_ = {trimmedText(name), expenseCategory_};
+        accept();
+    }
+}
+
+void CExpenseDlg::saveChanges() {
+    if (expense_.empty())
+        return;
+    const std::string name = text(name_);
+    std::optional<int> saved;
+    if (!run([&] {
+            saved = saveExpenseChanges(*session_, session_->prompter(), expenseCategory_, expense_,
+                                       name, fields());
+        }) ||
+        !saved)
+        return;
+    reload(expenseCategory_, trimmedText(name));
+}
+
+void CExpenseDlg::deleteSelected() {
+    if (expense_.empty()) {
+        session_->prompter().notify(kNoExpenseToDelete);
+        return;
+    }
+    if (run([&] { deleteExpense(*session_, session_->prompter(), expenseCategory_, expense_); })) {
+        pick_ = ExpensePick{};
+        accept();
+    }
+}
+
+void CExpenseDlg::startMove() {
+    if (expense_.empty())
+        return;
+    session_->prompter().notify(kSelectMoveTarget);
+    pendingMove_ = true;
+}
+
+void CExpenseDlg::applyMonth(bool toAllMonths) {
+    const int row = months_->currentRow();
+    if (expense_.empty() || row < 1)
+        return;
+    const MonthValues values = monthValues();
+    if (run([&] {
+            if (toAllMonths)
+                applyToAllMonths(*session_, expenseCategory_, expense_, row, values);
+            else
+                applyToMonth(*session_, expenseCategory_, expense_, row, values);
+        }))
+        reload(expenseCategory_, expense_);
+}
+
+void CExpenseDlg::move(bool up) {
+    bool moved = false;
+    if (run([&] {
+            moved = up ? moveExpenseUp(*session_, expenseCategory_, expense_)
+                       : moveExpenseDown(*session_, expenseCategory_, expense_);
+        }) &&
+        moved)
+        reload(expenseCategory_, expense_);
 }
 
 }  // namespace tallix::ui

@@ -1,5 +1,7 @@
 #pragma once
 #include <QDialog>
+#include <exception>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -7,9 +9,13 @@
 
 #include "editing/cell_choices.h"
 #include "editing/line_choices.h"
+#include "reference/expense_maintenance.h"
+#include "reference/expense_months.h"
 #include "reference/plan_lists.h"
 #include "ui/plan_dialog_parts.h"
 
+class QAction;
+class QBoxLayout;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -18,20 +24,30 @@ class QTableWidget;
 class QTreeWidget;
 class QTreeWidgetItem;
 
+namespace tallix {
+class Session;
+}
+
 namespace tallix::ui {
 
-// The expense picker: the plan's expenses under their categories
-// (kPickExpenseMode) or the income sources (kPickIncomeMode) in a tree, with
-// the selected entry's fields and months beside it. It is laid out as the
-// expense maintenance dialog it grows into, so the fields are shown but not
-// yet editable. OK or a double click picks the selected expense or income
-// source; anything else answers "noselection".
+// The expense dialog. As a picker (kPickExpenseMode, kPickIncomeMode) it
+// shows the plan's expenses under their categories or the income sources in a
+// tree, with the selected entry's fields and months beside it, read-only; OK
+// or a double click picks the selected entry, anything else answers
+// "noselection". Made with a session it maintains the plan's expenses: the
+// fields, the months, the place and the category of the selected expense are
+// edited through the core (reference/expense_*), and after each call the
+// tree and the months are shown again from the document. A refused value is
+// shown and the dialog stays open; any other failure closes the dialog and is
+// thrown again by rethrowFailure().
 class CExpenseDlg : public QDialog {
     Q_OBJECT
   public:
     CExpenseDlg(pugi::xml_node data, int mode, QWidget* parent = nullptr);
+    CExpenseDlg(Session& session, QWidget* parent = nullptr);
 
     ExpensePick pick() const { return pick_; }
+    void rethrowFailure() const;
 
     QTreeWidget* tree() const { return tree_; }
     QLineEdit* nameEdit() const { return name_; }
@@ -44,9 +60,14 @@ class CExpenseDlg : public QDialog {
     QTableWidget* monthTable() const { return months_; }
     QPushButton* okButton() const { return ok_; }
     QPushButton* cancelButton() const { return cancel_; }
+    // Maintenance only (null in a picker).
+    QPushButton* saveChangesButton() const { return saveChanges_; }
+    QPushButton* saveNewButton() const { return saveNew_; }
 
   private:
+    void buildWindow();
     QWidget* buildDetails();
+    void buildMaintenance(QWidget* panel, QBoxLayout* top, QBoxLayout* column);
     void fillTree();
     bool isPickable(const QTreeWidgetItem* item) const;
     void showSelection(QTreeWidgetItem* item);
@@ -54,12 +75,39 @@ class CExpenseDlg : public QDialog {
     void showIncome(const IncomeSource& source);
     void clearDetails();
     void pickCurrent();
+    pugi::xml_node data() const;
+
+    // Maintenance.
+    void onSelected(QTreeWidgetItem* item);
+    void showMonthRow(int row);
+    void addNew();
+    void deleteSelected();
+    void startMove();
+    void saveNew();
+    void saveChanges();
+    void applyMonth(bool toAllMonths);
+    void move(bool up);
+    // Runs one core call: a refusal is shown, any other failure closes the
+    // dialog. False when it did not finish.
+    bool run(const std::function<void()>& call);
+    // The tree and the fields again from the document, the expense
+    // `expense` of `category` selected when it is there.
+    void reload(const std::string& category, const std::string& expense);
+    void updateButtons();
+    ExpenseFields fields() const;
+    MonthValues monthValues() const;
 
     pugi::xml_node data_;
+    Session* session_ = nullptr;
     bool income_;
     std::vector<InstitutionChoice> banks_;
     std::vector<IncomeSource> sources_;
     ExpensePick pick_;
+    std::exception_ptr failure_;
+
+    std::string expense_, expenseCategory_;  // the selected expense ("" for none)
+    bool pendingMove_ = false;
+    bool filling_ = false;
 
     QTreeWidget* tree_ = nullptr;
     QLineEdit* name_ = nullptr;
@@ -71,6 +119,22 @@ class CExpenseDlg : public QDialog {
     QTableWidget* months_ = nullptr;
     QPushButton* ok_ = nullptr;
     QPushButton* cancel_ = nullptr;
+
+    QLineEdit* monthAmount_ = nullptr;
+    QLineEdit* dueDate_ = nullptr;
+    QLineEdit* datePaid_ = nullptr;
+    QLineEdit* check_ = nullptr;
+    QComboBox* status_ = nullptr;
+    QPushButton* apply_ = nullptr;
+    QPushButton* applyAll_ = nullptr;
+    QPushButton* cancelEdit_ = nullptr;
+    QPushButton* saveNew_ = nullptr;
+    QPushButton* saveChanges_ = nullptr;
+    QPushButton* moveUp_ = nullptr;
+    QPushButton* moveDown_ = nullptr;
+    QAction* delete_ = nullptr;
+    QAction* addNew_ = nullptr;
+    QAction* moveTo_ = nullptr;
 };
 
 }  // namespace tallix::ui

@@ -1,6 +1,7 @@
 #pragma once
 #include <QDialog>
 
+class QAction;
 class QMenu;
 class QMenuBar;
 class QTableView;
@@ -53,9 +54,17 @@ class CTallixDlg : public QDialog {
     void OnReport(int number);
     // The Customers menu: the commands change nothing.
     void OnCustomerCommand(int command);
+    // Manage > Expense and Manage > Category (and their picture buttons): the
+    // maintenance dialog, then the month again as the year file now holds it.
+    void OnManageExpense();
+    void OnManageCategory();
+    // Edit > Undo: takes back the last change of the plan, then shows the
+    // month again.
+    void OnEditUndo();
 
     QMenuBar* menuBar() const { return menuBar_; }
     QMenu* customersMenu() const { return customersMenu_; }
+    QAction* undoAction() const { return undoAction_; }
     MonthButtons* monthButtons() const { return monthButtons_; }
     PictureButtons* pictureButtons() const { return pictureButtons_; }
     QTableView* grid() const { return grid_; }
@@ -70,6 +79,11 @@ class CTallixDlg : public QDialog {
     void buildCustomersMenu();
     void showNotAvailable(const QString& command);
     void connectPictureButtons();
+    // "Undo <what>" from the session's history, disabled when there is none.
+    void updateUndoAction();
+    // After a maintenance dialog or an undo: the displayed month read again
+    // from the year file (columns, lines, balances), the grid where it was.
+    void showMonthFromFile();
     void setUpGrid();
     // Shows the grid table as the core left it: rows, column widths, the
     // remembered row in view (or the scroll position as it was), and the
@@ -85,6 +99,7 @@ class CTallixDlg : public QDialog {
     bool closedAtStartup_ = false;
     QMenuBar* menuBar_ = nullptr;
     QMenu* customersMenu_ = nullptr;
+    QAction* undoAction_ = nullptr;
     MonthButtons* monthButtons_ = nullptr;
     PictureButtons* pictureButtons_ = nullptr;
     QTableView* grid_ = nullptr;

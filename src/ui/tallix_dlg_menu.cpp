@@ -6,7 +6,11 @@
 #include "app/data_commands.h"
 #include "app/guard.h"
 #include "app/session.h"
+#include "app/undo_history.h"
 #include "app/year_files.h"
+#include "register/month_display.h"
+#include "ui/category_dlg.h"
+#include "ui/expense_dlg.h"
 #include "ui/picture_buttons.h"
 #include "ui/tallix_dlg.h"
 
@@ -14,9 +18,8 @@ namespace tallix::ui {
 namespace {
 
 // Commands whose dialogs and engines come in later versions.
-constexpr const char* kManageItems[] = {
-    "Expense",     "Category",    "Income", "Bank or Institution",
-    "Credit Card", "Description", "RMD",    "Receivables"};
+constexpr const char* kManageItemsNotYet[] = {
+    "Income", "Bank or Institution", "Credit Card", "Description", "RMD", "Receivables"};
 constexpr const char* kReportItems[] = {"Expense Year to date totals", "Monthly expense totals",
                                         "Monthly Receivable Totals ",
                                         "Receivable Year to date totals"};
@@ -38,8 +41,15 @@ void CTallixDlg::buildMenus() {
     QMenu* file = menuBar_->addMenu(QStringLiteral("File"));
     file->addAction(QStringLiteral("Exit"), this, &CTallixDlg::OnBnClickedCancel);
 
+    QMenu* edit = menuBar_->addMenu(QStringLiteral("Edit"));
+    undoAction_ = edit->addAction(QStringLiteral("Undo"), this, &CTallixDlg::OnEditUndo);
+    connect(edit, &QMenu::aboutToShow, this, &CTallixDlg::updateUndoAction);
+    updateUndoAction();
+
     QMenu* manage = menuBar_->addMenu(QStringLiteral("Manage"));
-    for (const char* item : kManageItems)
+    manage->addAction(QStringLiteral("Expense"), this, &CTallixDlg::OnManageExpense);
+    manage->addAction(QStringLiteral("Category"), this, &CTallixDlg::OnManageCategory);
+    for (const char* item : kManageItemsNotYet)
         notYet(manage, QString::fromLatin1(item));
 
     QMenu* tools = menuBar_->addMenu(QStringLiteral("Tools"));
@@ -99,9 +109,52 @@ void CTallixDlg::connectPictureButtons() {
             Refresh();
         else if (task == PictureButtons::kUpdate)
             OnToolsUpdate();
+        else if (task == PictureButtons::kExpense)
+            OnManageExpense();
+        else if (task == PictureButtons::kCategory)
+            OnManageCategory();
         else
             showNotAvailable(QString::fromLatin1(kTaskNames[task]));
     });
+}
+
+void CTallixDlg::updateUndoAction() {
+    const std::optional<std::string> label = session_.history.nextLabel();
+    undoAction_->setText(label ? QStringLiteral("Undo ") + QString::fromStdString(*label)
+                               : QStringLiteral("Undo"));
+    undoAction_->setEnabled(label.has_value());
+}
+
+void CTallixDlg::showMonthFromFile() {
+    if (session_.hasDataFile() && tallix::Refresh(session_))
+        showDisplayedMonth(true);
+    updateUndoAction();
+}
+
+void CTallixDlg::OnManageExpense() {
+    guarded(session_.prompter(), "editExpense", [&] {
+        CExpenseDlg dialog(session_, this);
+        dialog.exec();
+        dialog.rethrowFailure();
+    });
+    showMonthFromFile();
+}
+
+void CTallixDlg::OnManageCategory() {
+    guarded(session_.prompter(), "editCategory", [&] {
+        CcategoryDlg dialog(session_, this);
+        dialog.exec();
+        dialog.rethrowFailure();
+    });
+    showMonthFromFile();
+}
+
+void CTallixDlg::OnEditUndo() {
+    bool undone = false;
+    guarded(session_.prompter(), "OnEditUndo", [&] { undone = undo(session_).has_value(); });
+    if (undone)
+        showMonthFromFile();
+    updateUndoAction();
 }
 
 }  // namespace tallix::ui

@@ -134,7 +134,7 @@ TEST_F(MainWindowTest, AMonthWithoutLinesIsRefusedAndTheGridKeepsItsMonth) {
 
 TEST_F(MainWindowTest, UpdateAllMonthsLeavesDecemberDisplayedAndNovembersButtonPressed) {
     start();
-    item(2, "Update all months")->trigger();
+    item(3, "Update all months")->trigger();
     EXPECT_TRUE(prompter.shown.empty());
     EXPECT_EQ(window.windowTitle(), "December 2026");
     EXPECT_EQ(window.gridModel()->rowCount(), linesOf("December") + 1);
@@ -152,7 +152,7 @@ TEST_F(MainWindowTest, RefreshFromTheMenuOrTheButtonShowsTheFileAsItIsOnDisk) {
         writeFile(yearFile(), xml);
     };
     replaceOnDisk("<description>Payroll</description>", "<description>Bonus</description>");
-    item(2, "Refresh")->trigger();
+    item(3, "Refresh")->trigger();
     EXPECT_EQ(cell(0, 9), "Bonus");
 
     replaceOnDisk("<expense>Water</expense>", "<expense>Electric</expense>");
@@ -187,7 +187,7 @@ TEST_F(MainWindowTest, TheYearsMenuSwitchesToThatYearsMonth) {
               "<year year=\"2026\"><file>tallix2026.xml</file><status/></year></tallix>");
     start();
     ASSERT_GT(window.gridModel()->rowCount(), 0);
-    item(3, "2025")->trigger();
+    item(4, "2025")->trigger();
     EXPECT_EQ(session.fileName, "tallix2025.xml");
     EXPECT_EQ(window.windowTitle(), "November 2025");
     EXPECT_EQ(prompter.shown, Texts{noLines("November")});
@@ -200,11 +200,12 @@ TEST_F(MainWindowTest, TheMenusHoldEveryCommandAndTheUnbuiltOnesSaySo) {
     QStringList bar;
     for (QAction* a : window.menuBar()->actions())
         bar << a->text();
-    EXPECT_EQ(bar, (QStringList{"File", "Manage", "Tools", "Years", "Help", "Data", "Customers"}));
-    EXPECT_EQ(itemTexts(menu(2)), (QStringList{"Refresh", "Recurring expenses", "Reports",
+    EXPECT_EQ(bar, (QStringList{"File", "Edit", "Manage", "Tools", "Years", "Help", "Data",
+                                "Customers"}));
+    EXPECT_EQ(itemTexts(menu(3)), (QStringList{"Refresh", "Recurring expenses", "Reports",
                                                "Make next year", "Update all months"}));
-    EXPECT_EQ(itemTexts(menu(3)).size(), 9);
-    QMenu* reports = menu(2)->actions()[2]->menu();
+    EXPECT_EQ(itemTexts(menu(4)).size(), 9);
+    QMenu* reports = menu(3)->actions()[2]->menu();
     ASSERT_NE(reports, nullptr);
     EXPECT_EQ(reports->actions().size(), 4);
     EXPECT_EQ(itemTexts(window.customersMenu()),
@@ -213,20 +214,21 @@ TEST_F(MainWindowTest, TheMenusHoldEveryCommandAndTheUnbuiltOnesSaySo) {
     // Every command that is not built yet says so, and neither they, a
     // customer nor Save data file changes anything.
     const std::string before = readFile(session.filePath);
-    const QStringList built = {"Refresh", "Recurring expenses", "Make next year",
-                               "Update all months"};
-    for (int m : {1, 2})
+    const QStringList built = {"Expense",        "Category",
+                               "Refresh",        "Recurring expenses",
+                               "Make next year", "Update all months"};
+    for (int m : {2, 3})
         for (QAction* a : menu(m)->actions())
             if (!a->menu() && !built.contains(a->text()))
                 a->trigger();
-    EXPECT_EQ(prompter.shown.size(), 8u);
-    EXPECT_EQ(prompter.shown[0], "\"Expense\" is not available yet in this version of Tallix.");
+    EXPECT_EQ(prompter.shown.size(), 6u);
+    EXPECT_EQ(prompter.shown[0], "\"Income\" is not available yet in this version of Tallix.");
     window.customersMenu()->actions()[1]->trigger();
     prompter.files = {tmp / "chosen.xml"};
-    menu(5)->actions()[0]->trigger();
+    menu(6)->actions()[0]->trigger();
     EXPECT_TRUE(prompter.files.empty());
     EXPECT_FALSE(std::filesystem::exists(tmp / "chosen.xml"));
-    EXPECT_EQ(prompter.shown.size(), 8u);
+    EXPECT_EQ(prompter.shown.size(), 6u);
     EXPECT_EQ(readFile(session.filePath), before);
 }
 

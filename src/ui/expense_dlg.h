@@ -63,6 +63,7 @@ class CExpenseDlg : public QDialog {
     // Maintenance only (null in a picker).
     QPushButton* saveChangesButton() const { return saveChanges_; }
     QPushButton* saveNewButton() const { return saveNew_; }
+    QAction* deleteAction() const { return delete_; }
 
   private:
     void buildWindow();

@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include "app/undo_history.h"
 #include "reference/plan_messages.h"
 #include "ui/category_dlg.h"
 #include "ui/expense_dlg.h"
@@ -73,6 +74,36 @@ TEST_F(PlanDialogsTest, ARenamedExpenseIsOnTheMonthsLinesAtOnceWithTheSameBalanc
             EXPECT_EQ(after[r][c], before[r][c] == "Water" ? "Water Bill" : before[r][c])
                 << r << "," << c;
     EXPECT_EQ(window.undoAction()->isEnabled(), true);
+}
+
+// Delete has no Cancel: Edit > Undo is the way back, to the file and the grid.
+TEST_F(PlanDialogsTest, ADeletedExpenseComesBackWithEditUndo) {
+    start();
+    const std::vector<QStringList> before = gridRows();
+    const std::string bytes = test::readFile(session.filePath);
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<ui::CExpenseDlg*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        clickItem(dialog->tree(), QStringLiteral("Water"));
+        dialog->deleteAction()->trigger();
+        dialog->reject();  // closed already, unless the delete failed
+    });
+    item(2, "Expense")->trigger();
+    // The month shown again reports the lines that name the deleted expense.
+    ASSERT_EQ(prompter.shown.size(), 3u);
+    EXPECT_EQ(prompter.shown[0], kDeleteExpenseNotice);
+    EXPECT_EQ(prompter.shown[1], "Name of expense on line 19 not found ");
+    ASSERT_EQ(expenseTree(session.data.node())[0].expenses.size(), 3u);
+    ASSERT_TRUE(window.undoAction()->isEnabled());
+    EXPECT_EQ(window.undoAction()->text(), "Undo Delete expense Water");
+
+    prompter.answers = {Answer::Yes};  // the month's recompute saved after the delete
+    window.undoAction()->trigger();
+    EXPECT_EQ(test::readFile(session.filePath), bytes);
+    EXPECT_EQ(gridRows(), before);
+    EXPECT_FALSE(window.undoAction()->isEnabled());
+    EXPECT_TRUE(prompter.answers.empty());
+    EXPECT_EQ(prompter.shown.back().rfind(kUndoLosesLaterChanges, 0), 0u);
 }
 
 TEST_F(PlanDialogsTest, EditingACategoryLabelRenamesTheCategory) {

@@ -12,9 +12,15 @@ size_t hashOf(const std::string& bytes) {
 }  // namespace
 
 void UndoHistory::record(Entry entry) {
+    ++recordedCount_;
     entries_.push_back(std::move(entry));
     while (entries_.size() > kDepth)
         entries_.pop_front();
+}
+
+void UndoHistory::settleLast(const std::string& bytes) {
+    if (!entries_.empty())
+        entries_.back().afterHash = hashOf(bytes);
 }
 
 std::optional<std::string> UndoHistory::nextLabel() const {

@@ -42,9 +42,14 @@ class UndoHistory {
     void dropLast() { entries_.pop_back(); }
     void clear() { entries_.clear(); }
     size_t size() const { return entries_.size(); }
+    // How many operations were ever recorded: tells whether a dialog recorded one.
+    size_t recordedCount() const { return recordedCount_; }
+    // The document the last operation is compared with becomes `bytes`.
+    void settleLast(const std::string& bytes);
 
   private:
     std::deque<Entry> entries_;
+    size_t recordedCount_ = 0;
 };
 
 // Runs `change` on the session's document as one operation labelled `label`:

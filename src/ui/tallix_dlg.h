@@ -83,7 +83,7 @@ class CTallixDlg : public QDialog {
     void updateUndoAction();
     // After a maintenance dialog or an undo: the displayed month read again
     // from the year file (columns, lines, balances), the grid where it was.
-    void showMonthFromFile();
+    void showMonthFromFile(bool settleUndo);
     void setUpGrid();
     // Shows the grid table as the core left it: rows, column widths, the
     // remembered row in view (or the scroll position as it was), and the

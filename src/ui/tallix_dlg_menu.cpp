@@ -125,35 +125,41 @@ void CTallixDlg::updateUndoAction() {
     undoAction_->setEnabled(label.has_value());
 }
 
-void CTallixDlg::showMonthFromFile() {
+void CTallixDlg::showMonthFromFile(bool settleUndo) {
     if (session_.hasDataFile() && tallix::Refresh(session_))
         showDisplayedMonth(true);
+    // The balances worked out again right after a change to the plan (or an
+    // undo) belong to it: the next undo need not warn about them.
+    if (settleUndo)
+        session_.history.settleLast(session_.data.serialize());
     updateUndoAction();
 }
 
 void CTallixDlg::OnManageExpense() {
+    const size_t recordedBefore = session_.history.recordedCount();
     guarded(session_.prompter(), "editExpense", [&] {
         CExpenseDlg dialog(session_, this);
         dialog.exec();
         dialog.rethrowFailure();
     });
-    showMonthFromFile();
+    showMonthFromFile(session_.history.recordedCount() != recordedBefore);
 }
 
 void CTallixDlg::OnManageCategory() {
+    const size_t recordedBefore = session_.history.recordedCount();
     guarded(session_.prompter(), "editCategory", [&] {
         CcategoryDlg dialog(session_, this);
         dialog.exec();
         dialog.rethrowFailure();
     });
-    showMonthFromFile();
+    showMonthFromFile(session_.history.recordedCount() != recordedBefore);
 }
 
 void CTallixDlg::OnEditUndo() {
     bool undone = false;
     guarded(session_.prompter(), "OnEditUndo", [&] { undone = undo(session_).has_value(); });
     if (undone)
-        showMonthFromFile();
+        showMonthFromFile(true);
     updateUndoAction();
 }
 

@@ -103,6 +103,13 @@ TEST(StructureCheck, RegisterFaults) {
               (Faults{"register: month 'March' appears 2 times",
                       "register month 'March': attribute id is 'Mar', expected 'March'",
                       "register month 'March' line 1: attribute line is '2', expected '1'"}));
+    // The first month is checked too, and the last day of a month is a day.
+    EXPECT_EQ(
+        blankAfter([&](pugi::xml_node doc) {
+            at(doc, "//tallix/register/month[@month='January']").attribute("id").set_value("Jan");
+            setChildText(at(doc, march + "/item"), 0, "31");
+        }),
+        (Faults{"register month 'January': attribute id is 'Jan', expected 'January'"}));
     EXPECT_EQ(blankAfter([&](pugi::xml_node doc) {
                   pugi::xml_node line = at(doc, march + "/item");
                   at(doc, march).append_copy(line).append_child("note");

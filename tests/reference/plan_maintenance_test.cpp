@@ -97,6 +97,8 @@ TEST(PlanMaintenance, ApplyWritesOneMonthAndApplyToAllCarriesOnToDecember) {
     const std::tuple<const char*, bool, int, MonthValues, std::map<int, Texts>> cases[] = {
         {"APPLY leaves the type", false, 3, {"12.5", "3/9/2026", "3/20/2026", "pending", "55"},
          {{3, {"March", "12.5", "3/9/2026", "3/20/2026", "pending", "debit", "55"}}}},
+        {"December alone", false, 12, {"9", "12/1/2026", "12/20/2026", "cleared", "5"},
+         {{12, {"December", "9.00", "12/1/2026", "12/20/2026", "cleared", "debit", "5"}}}},
         {"numbered on from the due date's month", true, 10,
          {"40", "10/1/2026", "11/07/2026", "notpaid", "77"},
          {{10, {"October", "40.00", "10/1/2026", "11/7/2026", "notpaid", "debit", "77"}},

@@ -35,14 +35,6 @@ const ChildNames* monthEntryChildren(pugi::xml_node months) {
     return nullptr;  // a customer's month is a list of items
 }
 
-size_t positionOf(pugi::xml_node element) {
-    size_t position = 0;
-    for (pugi::xml_node n = element.previous_sibling(); n; n = n.previous_sibling())
-        if (n.type() == pugi::node_element)
-            ++position;
-    return position;
-}
-
 // The attributes that tell elements of one list apart.
 constexpr std::array<std::string_view, 5> kKeyAttributes = {"month", "line", "column", "year",
                                                             "id"};
@@ -139,7 +131,7 @@ void refuseMisplaced(pugi::xml_node element) {
     const ChildNames* names = childNamesOf(element.parent());
     if (!names)
         return;
-    const size_t position = positionOf(element);
+    const size_t position = elementPosition(element);
     const std::string_view name = nameOf(element);
     const bool inPlace = position < names->size() && (*names)[position] == name;
     if (inPlace || !isOneOf(name, *names))

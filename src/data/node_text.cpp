@@ -95,6 +95,14 @@ std::vector<pugi::xml_node> elementChildren(pugi::xml_node node) {
     return out;
 }
 
+size_t elementPosition(pugi::xml_node node) {
+    size_t position = 0;
+    for (pugi::xml_node n = node.previous_sibling(); n; n = n.previous_sibling())
+        if (n.type() == pugi::node_element)
+            ++position;
+    return position;
+}
+
 size_t elementChildCount(pugi::xml_node node) {
     size_t n = 0;
     for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling())

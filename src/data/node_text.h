@@ -19,6 +19,8 @@ bool updateNodeText(pugi::xml_node node, std::string_view text);
 
 std::vector<pugi::xml_node> elementChildren(pugi::xml_node node);
 size_t elementChildCount(pugi::xml_node node);
+// The position of `node` among its parent's element children, from 0.
+size_t elementPosition(pugi::xml_node node);
 
 // The element child at `index` (from 0); throws std::out_of_range when the
 // node or the child does not exist.

@@ -135,23 +135,30 @@ void CTallixDlg::showMonthFromFile(bool settleUndo) {
     updateUndoAction();
 }
 
-void CTallixDlg::OnManageExpense() {
-    const size_t recordedBefore = session_.history.recordedCount();
-    guarded(session_.prompter(), "editExpense", [&] {
-        CExpenseDlg dialog(session_, this);
+namespace {
+
+// Runs a plan dialog under its handler's guard; what escapes the dialog's own
+// handlers is reported by the guard.
+template <typename Dialog>
+void runPlanDialog(Session& session, QWidget* parent, std::string_view handlerName) {
+    guarded(session.prompter(), handlerName, [&] {
+        Dialog dialog(session, parent);
         dialog.exec();
         dialog.rethrowFailure();
     });
+}
+
+}  // namespace
+
+void CTallixDlg::OnManageExpense() {
+    const size_t recordedBefore = session_.history.recordedCount();
+    runPlanDialog<CExpenseDlg>(session_, this, "editExpense");
     showMonthFromFile(session_.history.recordedCount() != recordedBefore);
 }
 
 void CTallixDlg::OnManageCategory() {
     const size_t recordedBefore = session_.history.recordedCount();
-    guarded(session_.prompter(), "editCategory", [&] {
-        CcategoryDlg dialog(session_, this);
-        dialog.exec();
-        dialog.rethrowFailure();
-    });
+    runPlanDialog<CcategoryDlg>(session_, this, "editCategory");
     showMonthFromFile(session_.history.recordedCount() != recordedBefore);
 }
 

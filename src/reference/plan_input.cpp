@@ -45,12 +45,12 @@ std::string checkedAmount(std::string_view field, std::string_view typed) {
     return *amount;
 }
 
-std::string checkedClosingDay(std::string_view typed) {
+std::string checkedDay(std::string_view field, std::string_view typed) {
     std::string text = trimmedText(typed);
     if (text.empty() || text == "0")
         return text;
     if (!allDigits(text) || text.size() > 2 || std::stoi(text) < 1 || std::stoi(text) > kLastDay)
-        throw PlanRefusal("CLOSING DAY \"" + text + "\" is not a day from 1 to 31");
+        throw PlanRefusal(std::string(field) + " \"" + text + "\" is not a day from 1 to 31");
     return text;
 }
 

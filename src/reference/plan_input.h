@@ -30,7 +30,11 @@ std::string checkedName(std::string_view typed, std::string_view what);
 // error "invalid stof argument".
 std::string checkedAmount(std::string_view field, std::string_view typed);
 
-// A closing day: empty, "0" (the plan's "none") or a whole number 1-31.
-std::string checkedClosingDay(std::string_view typed);
+// A day field (`field` names it in the message): empty, "0" (the plan's
+// "none") or a whole number 1-31.
+std::string checkedDay(std::string_view field, std::string_view typed);
+inline std::string checkedClosingDay(std::string_view typed) {
+    return checkedDay("CLOSING DAY", typed);
+}
 
 }  // namespace tallix

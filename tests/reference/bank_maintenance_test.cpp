@@ -14,70 +14,15 @@
 #include "reference/column_definitions.h"
 #include "reference/institution_nodes.h"
 #include "reference/plan_input.h"
+#include "reference/sample_year_file.h"
 #include "register/month_display.h"
 #include "register/register_columns.h"
-#include "register/year_file.h"
 
 namespace tallix {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-struct SampleYear : test::YearFile {
-    SampleYear() : YearFile({2026, 3, 15}, test::sourceDir() / "examples/tallix2026.xml") {}
-
-    // The keys of the balance columns, between "B" and "Info".
-    Texts balanceColumns() {
-        Texts keys;
-        bool after = false;
-        for (pugi::xml_node column : selectAll(data(), paths::kAllRegisterColumns)) {
-            const std::string key = column.attribute("column").value();
-            if (key == "Info")
-                break;
-            if (after)
-                keys.push_back(key);
-            after = after || key == "B";
-        }
-        return keys;
-    }
-    // How often the saved file holds `text`.
-    int occurrences(const std::string& text) const {
-        const std::string bytes = fileBytes();
-        int n = 0;
-        for (size_t at = bytes.find(text); at != std::string::npos; at = bytes.find(text, at + 1))
-            ++n;
-        return n;
-    }
-    std::string fileBytes() const { return test::readFile(path); }
-    void reopen() { session().openDataPath(path); }
-    // The texts of a group's children from `lastyearclosing` on.
-    Texts values(pugi::xml_node owner, size_t first) {
-        Texts texts;
-        for (size_t i = first; i < elementChildCount(owner); ++i)
-            texts.push_back(childText(owner, i));
-        return texts;
-    }
-    // Faults the structural check finds in the saved file.
-    Texts faults() {
-        Texts found;
-        for (const std::string& line : checkFile(path))
-            if (!isNotice(line))
-                found.push_back(line);
-        return found;
-    }
-    // The month as the grid shows it after a Refresh, every row joined.
-    std::string grid(int m) {
-        session().month = m;
-        EXPECT_TRUE(Refresh(session()));
-        std::string text;
-        for (int r = 0; r < table().rowCount(); ++r) {
-            for (int c = 0; c < table().columnCount(); ++c)
-                text += cell(r, c) + '\t';
-            text += '\n';
-        }
-        return text;
-    }
-};
+using test::SampleYear;
 
 const Texts kSampleColumns{"FN Register", "FN Bank", "FN Outstanding", "FN Savings",
                            "CU Register", "CU Bank", "Visa",           "Mastercard"};

@@ -8,31 +8,6 @@
 #include "reference/plan_nodes.h"
 
 namespace tallix {
-namespace {
-
-pugi::xml_node elementSibling(pugi::xml_node node, bool later) {
-    do
-        node = later ? node.next_sibling() : node.previous_sibling();
-    while (node && node.type() != pugi::node_element);
-    return node;
-}
-
-bool moveOnePlace(Session& session, const std::string& category, const std::string& expense,
-                  bool later) {
-    pugi::xml_node node = expenseNode(session.data.node(), category, expense);
-    pugi::xml_node neighbour = elementSibling(node, later);
-    if (!neighbour)
-        return false;
-    recordedChange(session, "Move expense " + expense + (later ? " down" : " up"), [&] {
-        if (later)
-            node.parent().insert_move_after(node, neighbour);
-        else
-            node.parent().insert_move_before(node, neighbour);
-    });
-    return true;
-}
-
-}  // namespace
 
 std::optional<int> moveExpenseToCategory(Session& session, Prompter& prompter,
                                          const std::string& fromCategory,
@@ -59,11 +34,13 @@ std::optional<int> moveExpenseToCategory(Session& session, Prompter& prompter,
 }
 
 bool moveExpenseUp(Session& session, const std::string& category, const std::string& expense) {
-    return moveOnePlace(session, category, expense, false);
+    return moveOnePlace(session, expenseNode(session.data.node(), category, expense), false,
+                        "Move expense " + expense + " up");
 }
 
 bool moveExpenseDown(Session& session, const std::string& category, const std::string& expense) {
-    return moveOnePlace(session, category, expense, true);
+    return moveOnePlace(session, expenseNode(session.data.node(), category, expense), true,
+                        "Move expense " + expense + " down");
 }
 
 }  // namespace tallix

@@ -1,5 +1,6 @@
 #include "reference/plan_nodes.h"
 
+#include "app/session.h"
 #include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"
@@ -47,6 +48,20 @@ void recountExpenses(pugi::xml_node category) {
         count += std::string_view(entry.name()) == "name";
     if (childAtOrNull(category, kCategoryCount))
         setChildText(category, kCategoryCount, std::to_string(count));
+}
+
+bool moveOnePlace(Session& session, pugi::xml_node node, bool later, const std::string& label) {
+    pugi::xml_node neighbour =
+        later ? node.next_sibling(node.name()) : node.previous_sibling(node.name());
+    if (!neighbour)
+        return false;
+    recordedChange(session, label, [&] {
+        if (later)
+            node.parent().insert_move_after(node, neighbour);
+        else
+            node.parent().insert_move_before(node, neighbour);
+    });
+    return true;
 }
 
 void zeroMonthEntries(pugi::xml_node expense) {

@@ -11,6 +11,8 @@
 
 namespace tallix {
 
+class Session;
+
 // Expense fields by position (child 7 holds the twelve month entries).
 enum ExpenseField : size_t {
     kExpenseCategory = 0,
@@ -40,6 +42,12 @@ void refuseTakenCategory(pugi::xml_node data, const std::string& name);
 
 // Writes the number of expenses the category holds into its count.
 void recountExpenses(pugi::xml_node category);
+
+// MOVE UP / MOVE DOWN: `node` changes places with the nearest earlier
+// (`later` false) or later sibling of the same element name, as one step
+// labelled `label`, and the year file is saved. At the end of its list
+// nothing changes, nothing is saved, and the result is false.
+bool moveOnePlace(Session& session, pugi::xml_node node, bool later, const std::string& label);
 
 // Sets every field of the expense's month entries to "0"; each keeps its
 // month's name (its first child).

@@ -52,11 +52,18 @@ TEST(BankMaintenance, TheBoxesDecideTheColumnsOfANewBankAndOfANewAccountDifferen
         NewAccount fields = holidayFund(registerBox, outstandingBox);
         if (path == AccountPath::NewBank)
             fields.bank = "Harbor Savings";
-        year.prompter.answers = {Answer::Yes};
-        ASSERT_TRUE(path == AccountPath::NewBank
-                        ? applyNewBank(year.session(), year.prompter, fields)
-                        : applyNewAccount(year.session(), year.prompter, fields));
-        EXPECT_EQ(year.prompter.shown, Texts{kTypoQuestion});
+        const auto apply = [&] {
+            return path == AccountPath::NewBank
+                       ? applyNewBank(year.session(), year.prompter, fields)
+                       : applyNewAccount(year.session(), year.prompter, fields);
+        };
+        // No to the question about typing mistakes goes back with nothing written.
+        const std::string bytes = year.fileBytes();
+        year.prompter.answers = {Answer::No, Answer::Yes};
+        EXPECT_FALSE(apply());
+        EXPECT_EQ(year.fileBytes(), bytes);
+        ASSERT_TRUE(apply());
+        EXPECT_EQ(year.prompter.shown, Texts(2, kTypoQuestion));
         year.reopen();
         const AccountView account =
             bankTree(year.data()).at(path == AccountPath::NewBank ? 2 : 1).accounts.back();

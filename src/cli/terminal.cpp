@@ -6,6 +6,7 @@
 
 #include "app/session.h"
 #include "data/values.h"
+#include "reference/plan_input.h"
 
 namespace tallix::cli {
 
@@ -128,6 +129,32 @@ bool lockFolderOf(const std::filesystem::path& file, std::vector<InstanceLock>& 
         held.push_back(std::move(*lock));
     }
     return true;
+}
+
+int onYearFile(const std::string& file, std::ostream& err, const FileBody& body) {
+    std::vector<InstanceLock> locks;
+    if (!lockFolderOf(file, locks, err))
+        return kFailed;
+    OpenedFile opened(file, localToday(), err);
+    if (opened.session.data.loadFailed())
+        return kFailed;
+    try {
+        body(opened.session, opened.prompter);
+    } catch (const PlanRefusal& refused) {
+        err << "tallix-cli: " << refused.what() << '\n';
+        return kFaultsFound;
+    }
+    return kOk;
+}
+
+int dispatch(const Arguments& arguments, std::ostream& out, std::ostream& err,
+             std::initializer_list<std::pair<std::string_view, Subcommand>> subcommands) {
+    if (arguments.empty())
+        return kUsage;
+    for (const auto& [name, run] : subcommands)
+        if (arguments[0] == name)
+            return run(Arguments(arguments.begin() + 1, arguments.end()), out, err);
+    return kUsage;
 }
 
 }  // namespace tallix::cli

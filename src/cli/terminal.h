@@ -108,6 +108,27 @@ bool lockFolderOf(const std::filesystem::path& file, std::vector<InstanceLock>& 
 using FileBody = std::function<void(Session&, TerminalPrompter&)>;
 int onYearFile(const std::string& file, std::ostream& err, const FileBody& body);
 
+// A command that names FILE and `count - 1` more arguments and says Yes to
+// the question its operation asks: runs `action` on FILE (see onYearFile) and prints the line
+// it returns. kUsage for another number of arguments.
+using YesAction = std::function<std::string(Session&, Prompter&)>;
+int answeringYes(const Arguments& arguments, size_t count, std::ostream& out, std::ostream& err,
+                 const YesAction& action);
+
+// The header texts of the register columns, taken when it is made, to say
+// which columns a command made or removed: their texts joined by ", ", or
+// "none".
+class ColumnChanges {
+  public:
+    explicit ColumnChanges(const Session& session);
+    std::string made() const;
+    std::string removed() const;
+
+  private:
+    const Session& session_;
+    std::vector<std::string> before_;
+};
+
 // Runs the subcommand `arguments[0]` names with the arguments after it;
 // kUsage for a name that is not among `subcommands`.
 using Subcommand = int (*)(Arguments, std::ostream&, std::ostream&);

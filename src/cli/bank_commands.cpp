@@ -5,6 +5,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <utility>
 
 #include "cli/commands.h"
 #include "cli/terminal.h"
@@ -24,20 +25,18 @@ int addAccountCommand(AccountPath path, Arguments arguments, std::ostream& out, 
     const std::optional<std::string> outstandingTitle =
         takeOption(arguments, "--outstanding-title", "a column title");
     const std::optional<std::string> start = takeOption(arguments, "--start", "an amount");
-    if (arguments.size() != 3)
-        return kUsage;
     if (!bankTitle)
         throw UsageError("--bank-title must be given: the title of the bank balance column");
-    const NewAccount fields{.bank = arguments[1],
-                            .account = arguments[2],
-                            .registerBox = registerTitle.has_value(),
-                            .outstandingBox = outstandingTitle.has_value(),
-                            .registerTitle = registerTitle.value_or(""),
-                            .bankTitle = *bankTitle,
-                            .outstandingTitle = outstandingTitle.value_or(""),
-                            .startingBalance = start.value_or("")};
     const bool newBank = path == AccountPath::NewBank;
     return answeringYes(arguments, 3, out, err, [&](Session& session, Prompter& prompter) {
+        const NewAccount fields{.bank = arguments[1],
+                                .account = arguments[2],
+                                .registerBox = registerTitle.has_value(),
+                                .outstandingBox = outstandingTitle.has_value(),
+                                .registerTitle = registerTitle.value_or(""),
+                                .bankTitle = *bankTitle,
+                                .outstandingTitle = outstandingTitle.value_or(""),
+                                .startingBalance = start.value_or("")};
         const ColumnChanges columns(session);
         (newBank ? applyNewBank : applyNewAccount)(session, prompter, fields);
         if (fields.outstandingBox && !columnsMade(path, fields.registerBox, true).outstanding)

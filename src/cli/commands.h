@@ -26,10 +26,9 @@ struct UsageError : std::invalid_argument {
 };
 
 // The commands that write a file (show, update-all, next-year, expense,
-// category) first take
-// the lock a Tallix window holds on its data folder, on the folder of the
-// file they write; while a window (or another tallix-cli) holds it they print
-// the window's own refusal on standard error and return kFailed.
+// category, bank, account, card) first take the lock a Tallix window holds on its data folder, on
+// the folder of the file they write; while a window (or another tallix-cli) holds it they print the
+// window's own refusal on standard error and return kFailed.
 
 struct Command {
     std::string_view name;
@@ -71,5 +70,19 @@ int runExpense(const Arguments& arguments, std::ostream& out, std::ostream& err)
 // category rename|add|delete FILE ...: the category dialog's operations, the
 // same way.
 int runCategory(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// bank add|rename|delete FILE ...: the bank dialog's operations: add a bank
+// with its first account, rename a bank and every place naming it, delete a
+// bank and its columns. Each prints what it changed; kFaultsFound, with the
+// reason on `err`, when a name is not found or taken or a value is refused
+// (nothing is written then).
+int runBank(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// account add|rename|delete FILE BANK ...: the same for an account of a bank.
+int runAccount(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// card add|rename|delete FILE ...: the credit card dialog's operations, the
+// same way.
+int runCard(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
 }  // namespace tallix::cli

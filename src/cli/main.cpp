@@ -12,7 +12,7 @@ namespace {
 
 using tallix::cli::Command;
 
-constexpr std::array<Command, 7> kCommands = {{
+constexpr std::array<Command, 10> kCommands = {{
     {"check", "FILE",
      "report what a year data file or the index file lacks or holds out of shape, one line "
      "per fault; exit status 1 when there is any",
@@ -54,6 +54,31 @@ constexpr std::array<Command, 7> kCommands = {{
      "before another, holding one expense xxxx; delete a category with all its expenses. "
      "Prints what changed; exit status 1 when a name is not found or refused",
      tallix::cli::runCategory},
+    {"bank",
+     "add FILE BANK ACCOUNT --bank-title T [--register-title T]\n"
+     "                [--outstanding-title T] [--start AMOUNT]\n"
+     "  bank rename FILE OLD NEW\n  bank delete FILE BANK",
+     "add a bank with its first account and its columns (a register title asks for the "
+     "register and the outstanding column, which then needs its title too); rename a bank and "
+     "every expense, register line, income and receivable naming it; delete a bank and its "
+     "columns. Prints what changed; exit status 1 when a name is not found or taken or a "
+     "value is refused",
+     tallix::cli::runBank},
+    {"account",
+     "add FILE BANK ACCOUNT --bank-title T [--register-title T]\n"
+     "                   [--outstanding-title T] [--start AMOUNT]\n"
+     "  account rename FILE BANK OLD NEW\n  account delete FILE BANK ACCOUNT",
+     "add an account to a bank with a column for each title given; rename an account of a "
+     "bank and every place naming it; delete an account and its columns. Prints what "
+     "changed; exit status 1 as for bank",
+     tallix::cli::runAccount},
+    {"card",
+     "add FILE NAME [--title T] [--last-year AMOUNT] [--closing-day D] [--due-day D]\n"
+     "  card rename FILE OLD NEW\n  card delete FILE NAME",
+     "add a credit card with its column (headed T, default NAME); rename a card, its column "
+     "and every place naming it; delete a card, its column and the expense named after it. "
+     "Prints what changed; exit status 1 as for bank",
+     tallix::cli::runCard},
 }};
 
 void printUsage(std::ostream& to) {

@@ -3,7 +3,6 @@
 // to the move, rename and delete questions, and --lines the Yes to carrying
 // a rename or move into the register lines.
 #include <algorithm>
-#include <functional>
 #include <ostream>
 
 #include "cli/commands.h"
@@ -22,27 +21,6 @@
 namespace tallix::cli {
 namespace {
 
-using Body = std::function<void(Session&, TerminalPrompter&)>;
-
-// Runs `body` on FILE with the folder's lock held. A refusal (a name that is
-// not in the plan, a value that is refused) ends with its message and status
-// 1; the file is not written then.
-int onPlanFile(const std::string& file, std::ostream& err, const Body& body) {
-    std::vector<InstanceLock> locks;
-    if (!lockFolderOf(file, locks, err))
-        return kFailed;
-    OpenedFile opened(file, localToday(), err);
-    if (opened.session.data.loadFailed())
-        return kFailed;
-    try {
-        body(opened.session, opened.prompter);
-    } catch (const PlanRefusal& refused) {
-        err << "tallix-cli: " << refused.what() << '\n';
-        return kFaultsFound;
-    }
-    return kOk;
-}
-
 Answer yesIf(bool yes) {
     return yes ? Answer::Yes : Answer::No;
 }
@@ -59,7 +37,7 @@ int renameExpense(Arguments arguments, std::ostream& out, std::ostream& err) {
     if (arguments.size() != 4)
         return kUsage;
     const std::string &category = arguments[1], &from = arguments[2], &to = arguments[3];
-    return onPlanFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
+    return onYearFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
         const ExpenseDetails d = currentExpense(session, category, from);
         prompter.answers = {yesIf(lines)};
         const std::optional<int> renamed =
@@ -75,7 +53,7 @@ int moveExpense(Arguments arguments, std::ostream& out, std::ostream& err) {
     if (arguments.size() != 4)
         return kUsage;
     const std::string &expense = arguments[1], &from = arguments[2], &to = arguments[3];
-    return onPlanFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
+    return onYearFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
         prompter.answers = {Answer::Yes, yesIf(lines)};
         const std::optional<int> changed =
             moveExpenseToCategory(session, prompter, from, expense, to);
@@ -98,7 +76,7 @@ int applyExpense(Arguments arguments, std::ostream& out, std::ostream& err) {
                       kPlanEntryStatuses.end())
         throw UsageError("--status must be notpaid, no entry, cleared, processing or pending");
     const std::string &category = arguments[1], &expense = arguments[2];
-    return onPlanFile(arguments[0], err, [&](Session& session, TerminalPrompter&) {
+    return onYearFile(arguments[0], err, [&](Session& session, TerminalPrompter&) {
         const ExpenseDetails before = currentExpense(session, category, expense);
         PlanEntryRow now;
         if (static_cast<size_t>(month) <= before.months.size())
@@ -121,7 +99,7 @@ int renameCategoryCommand(Arguments arguments, std::ostream& out, std::ostream& 
     if (arguments.size() != 3)
         return kUsage;
     const std::string &from = arguments[1], &to = arguments[2];
-    return onPlanFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
+    return onYearFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
         prompter.answers = {Answer::Yes};
         const std::optional<int> changed = renameCategory(session, prompter, from, to);
         out << "renamed category " << from << " to " << to << "; " << changed.value_or(0)
@@ -134,7 +112,7 @@ int addCategoryCommand(Arguments arguments, std::ostream& out, std::ostream& err
     if (!before || arguments.size() != 2)
         return kUsage;
     const std::string& name = arguments[1];
-    return onPlanFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
+    return onYearFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
         addCategory(session, prompter, name, *before);
         out << "added category " << name << " before " << *before << " with expense "
             << kPlaceholderExpense << '\n';
@@ -145,25 +123,13 @@ int deleteCategoryCommand(Arguments arguments, std::ostream& out, std::ostream& 
     if (arguments.size() != 2)
         return kUsage;
     const std::string& name = arguments[1];
-    return onPlanFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
+    return onYearFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
         const size_t expenses =
             elementChildCount(expenseList(categoryNode(session.data.node(), name)));
         prompter.answers = {Answer::Yes};
         deleteCategory(session, prompter, name);
         out << "deleted category " << name << " and its " << expenses << " expenses\n";
     });
-}
-
-using Subcommand = int (*)(Arguments, std::ostream&, std::ostream&);
-
-int dispatch(const Arguments& arguments, std::ostream& out, std::ostream& err,
-             std::initializer_list<std::pair<std::string_view, Subcommand>> subcommands) {
-    if (arguments.empty())
-        return kUsage;
-    for (const auto& [name, run] : subcommands)
-        if (arguments[0] == name)
-            return run(Arguments(arguments.begin() + 1, arguments.end()), out, err);
-    return kUsage;
 }
 
 }  // namespace

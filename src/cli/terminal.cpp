@@ -1,11 +1,14 @@
 #include "cli/terminal.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <ctime>
 #include <ostream>
 
 #include "app/session.h"
+#include "data/query.h"
 #include "data/values.h"
+#include "reference/plan_input.h"
 
 namespace tallix::cli {
 
@@ -128,6 +131,75 @@ bool lockFolderOf(const std::filesystem::path& file, std::vector<InstanceLock>& 
         held.push_back(std::move(*lock));
     }
     return true;
+}
+
+int onYearFile(const std::string& file, std::ostream& err, const FileBody& body) {
+    std::vector<InstanceLock> locks;
+    if (!lockFolderOf(file, locks, err))
+        return kFailed;
+    OpenedFile opened(file, localToday(), err);
+    if (opened.session.data.loadFailed())
+        return kFailed;
+    try {
+        body(opened.session, opened.prompter);
+    } catch (const PlanRefusal& refused) {
+        err << "tallix-cli: " << refused.what() << '\n';
+        return kFaultsFound;
+    }
+    return kOk;
+}
+
+int answeringYes(const Arguments& arguments, size_t count, std::ostream& out, std::ostream& err,
+                 const YesAction& action) {
+    if (arguments.size() != count)
+        return kUsage;
+    return onYearFile(arguments[0], err, [&](Session& session, TerminalPrompter& prompter) {
+        prompter.answers = {Answer::Yes};
+        out << action(session, prompter) << '\n';
+    });
+}
+
+namespace {
+
+std::vector<std::string> columnTitles(const Session& session) {
+    std::vector<std::string> titles;
+    for (pugi::xml_node column : selectAll(session.data.node(), paths::kAllRegisterColumns))
+        titles.push_back(column.child_value("title"));
+    return titles;
+}
+
+// The texts of `these` that `others` lacks, joined by ", "; "none" when
+// there are none.
+std::string missingFrom(const std::vector<std::string>& these,
+                        const std::vector<std::string>& others) {
+    std::string joined;
+    for (const std::string& title : these)
+        if (std::find(others.begin(), others.end(), title) == others.end())
+            joined += (joined.empty() ? "" : ", ") + title;
+    return joined.empty() ? "none" : joined;
+}
+
+}  // namespace
+
+ColumnChanges::ColumnChanges(const Session& session)
+    : session_(session), before_(columnTitles(session)) {}
+
+std::string ColumnChanges::made() const {
+    return missingFrom(columnTitles(session_), before_);
+}
+
+std::string ColumnChanges::removed() const {
+    return missingFrom(before_, columnTitles(session_));
+}
+
+int dispatch(const Arguments& arguments, std::ostream& out, std::ostream& err,
+             std::initializer_list<std::pair<std::string_view, Subcommand>> subcommands) {
+    if (arguments.empty())
+        return kUsage;
+    for (const auto& [name, run] : subcommands)
+        if (arguments[0] == name)
+            return run(Arguments(arguments.begin() + 1, arguments.end()), out, err);
+    return kUsage;
 }
 
 }  // namespace tallix::cli

@@ -3,9 +3,13 @@
 // per line; questions are answered No (tallix-cli never waits for input); the
 // date is the real one unless --today names another.
 #include <deque>
+#include <functional>
+#include <initializer_list>
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "app/environment.h"
@@ -96,5 +100,39 @@ int monthArgument(const std::string& text);
 // refused by its load, so no lock is taken for it.
 bool lockFolderOf(const std::filesystem::path& file, std::vector<InstanceLock>& held,
                   std::ostream& err);
+
+// Runs `body` on FILE, opened with the folder's lock held: the maintenance
+// commands' frame. A refusal (a name that is not in the file or is taken, a
+// value that is refused) ends with its message and kFaultsFound; the file is
+// not written then.
+using FileBody = std::function<void(Session&, TerminalPrompter&)>;
+int onYearFile(const std::string& file, std::ostream& err, const FileBody& body);
+
+// A command that names FILE and `count - 1` more arguments and says Yes to
+// the question its operation asks: runs `action` on FILE (see onYearFile) and prints the line
+// it returns. kUsage for another number of arguments.
+using YesAction = std::function<std::string(Session&, Prompter&)>;
+int answeringYes(const Arguments& arguments, size_t count, std::ostream& out, std::ostream& err,
+                 const YesAction& action);
+
+// The header texts of the register columns, taken when it is made, to say
+// which columns a command made or removed: their texts joined by ", ", or
+// "none".
+class ColumnChanges {
+  public:
+    explicit ColumnChanges(const Session& session);
+    std::string made() const;
+    std::string removed() const;
+
+  private:
+    const Session& session_;
+    std::vector<std::string> before_;
+};
+
+// Runs the subcommand `arguments[0]` names with the arguments after it;
+// kUsage for a name that is not among `subcommands`.
+using Subcommand = int (*)(Arguments, std::ostream&, std::ostream&);
+int dispatch(const Arguments& arguments, std::ostream& out, std::ostream& err,
+             std::initializer_list<std::pair<std::string_view, Subcommand>> subcommands);
 
 }  // namespace tallix::cli

@@ -30,6 +30,7 @@ struct GroupPlan {
     const char* element;
     std::string title;
     ColumnKind kind;
+    const char* field;  // where the title is typed
 };
 
 // The account's groups as the fields and boxes ask for them, each title
@@ -38,16 +39,19 @@ std::vector<GroupPlan> plannedGroups(pugi::xml_node data, const NewAccount& fiel
                                      MadeColumns made) {
     std::vector<GroupPlan> groups = {
         {"regcolumn", made.reg ? trimmedText(fields.registerTitle) : kNoColumn,
-         ColumnKind::Register},
-        {"bankcolumn", trimmedText(fields.bankTitle), ColumnKind::Bank},
+         ColumnKind::Register, "CHECK REGISTER COLUMN NAME"},
+        {"bankcolumn", trimmedText(fields.bankTitle), ColumnKind::Bank, "BANK BALANCE COLUMN NAME"},
         {"outstanding", made.outstanding ? trimmedText(fields.outstandingTitle) : kNoColumn,
-         ColumnKind::Outstanding}};
+         ColumnKind::Outstanding, "OUTSTANDING DOLLARS COLUMN NAME"}};
     std::set<std::string> titles;
     for (const GroupPlan& group : groups) {
         const bool wanted = group.kind == ColumnKind::Bank ||
                             (group.kind == ColumnKind::Register ? made.reg : made.outstanding);
         if (!wanted)
             continue;
+        if (group.title.empty())
+            throw PlanRefusal(std::string(group.field) +
+                              " is empty: the account gets this column, so it needs a title");
         refuseTakenColumn(data, group.title);
         if (!titles.insert(group.title).second)
             throw PlanRefusal("two of the new columns are titled " + group.title);

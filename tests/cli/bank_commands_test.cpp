@@ -23,7 +23,7 @@ TEST(BankCommands, EachCommandLeavesAFileWithoutFaults) {
          "\"JB Öut\" --start 100", 0, "columns made: JR, JB, JB Öut"},
         {"account add " + f + joes + "Savings --bank-title \"J's & Sav\"", 0, "made: J's & Sav"},
         {"account add " + f + joes + "Spare --bank-title \"FN Bank\"", 1, "FN Bank"},
-        {"bank add " + f + "Other Main --bank-title OB --register-title OR", 1, "needs a title"},
+        {"bank add " + f + "Other Main --bank-title OB --register-title OR", 1, "OUTSTANDING DOLLARS COLUMN NAME is empty"},
         {"bank add " + f + "\"First National\" Main --bank-title X", 1, "First National"},
         {"bank add " + f + "\"\" Main --bank-title X", 1, "bank needs a name"},
         {"bank add " + f + "Other Main --bank-title X --start 12x", 1, "12x"},

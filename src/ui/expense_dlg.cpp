@@ -12,7 +12,6 @@
 #include <QTableWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-#include <iterator>
 
 #include "app/session.h"
 #include "data/values.h"
@@ -29,37 +28,10 @@ namespace {
 constexpr int kCategoryRole = Qt::UserRole;
 constexpr int kSourceRole = Qt::UserRole + 1;
 
-struct MonthColumn {
-    const char* title;
-    int width;
-};
-constexpr MonthColumn kMonthColumns[] = {{"MONTH", 75},    {"AMOUNT", 75},  {"DATEPAID", 100},
-                                         {"DUEDATE", 100}, {"STATUS", 100}, {"TYPE", 100},
-                                         {"CHECK #", 75}};
 constexpr int kMonthRows = 13;  // row 0 stands for no month; rows 1-12 are the months
 enum MonthCell { kAmountCell = 1, kDatePaidCell, kDueDateCell, kStatusCell, kTypeCell, kCheckCell };
-
-void setCell(QTableWidget* table, int row, int column, const std::string& text) {
-    table->setItem(row, column, new QTableWidgetItem(qs(text)));
-}
-
-QString cellText(const QTableWidget* table, int row, int column) {
-    const QTableWidgetItem* item = table->item(row, column);
-    return item ? item->text() : QString();
-}
-
-QPushButton* addButton(QBoxLayout* row, const QString& text, const QString& objectName,
-                       QWidget* parent) {
-    auto* b = new QPushButton(text, parent);
-    b->setObjectName(objectName);
-    b->setAutoDefault(false);
-    row->addWidget(b);
-    return b;
-}
-
-std::string text(const QLineEdit* edit) {
-    return edit->text().toStdString();
-}
+constexpr EntryColumns kMonthCells{kAmountCell, kDatePaidCell, kDueDateCell, kStatusCell,
+                                   kCheckCell};
 
 }  // namespace
 
@@ -143,23 +115,19 @@ QWidget* CExpenseDlg::buildDetails() {
     if (!session_)
         showOnly({name_, amount_, closingDay_}, {type_, bank_.institution, bank_.account});
 
-    months_ = new QTableWidget(kMonthRows, static_cast<int>(std::size(kMonthColumns)), panel);
-    months_->setObjectName(QStringLiteral("monthTable"));
-    months_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    months_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    months_->setSelectionMode(QAbstractItemView::SingleSelection);
-    months_->verticalHeader()->hide();
-    months_->verticalHeader()->setDefaultSectionSize(months_->fontMetrics().height() + 8);
-    for (int c = 0; c < static_cast<int>(std::size(kMonthColumns)); ++c) {
-        months_->setHorizontalHeaderItem(c, new QTableWidgetItem(kMonthColumns[c].title));
-        months_->setColumnWidth(c, kMonthColumns[c].width);
-    }
+    months_ = addPlanList(column, panel, QStringLiteral("monthTable"),
+                          {{"MONTH", 75},
+                           {"AMOUNT", 75},
+                           {"DATEPAID", 100},
+                           {"DUEDATE", 100},
+                           {"STATUS", 100},
+                           {"TYPE", 100},
+                           {"CHECK #", 75}},
+                          kMonthRows);
     for (int m = 1; m < kMonthRows; ++m)
         setCell(months_, m, 0, monthName(m));
     // Every row and column shows without scrolling.
-    months_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
-    months_->setMinimumSize(months_->sizeHint());
-    column->addWidget(months_);
+    fitToRows(months_);
     if (session_)
         buildMaintenance(panel, top, column);
     clearDetails();
@@ -167,25 +135,7 @@ QWidget* CExpenseDlg::buildDetails() {
 }
 
 void CExpenseDlg::buildMaintenance(QWidget* panel, QBoxLayout* top, QBoxLayout* column) {
-    auto* monthColumn = new QVBoxLayout;
-    top->addLayout(monthColumn);
-    auto* monthForm = new QFormLayout;
-    monthColumn->addLayout(monthForm);
-    monthAmount_ = addTextRow(monthForm, QStringLiteral("AMOUNT"), QStringLiteral("monthAmount"));
-    dueDate_ = addTextRow(monthForm, QStringLiteral("DUE DATE"), QStringLiteral("dueDate"));
-    datePaid_ = addTextRow(monthForm, QStringLiteral("DATE PAID"), QStringLiteral("datePaid"));
-    check_ = addTextRow(monthForm, QStringLiteral("CHECK #"), QStringLiteral("checkNumber"));
-    status_ = addChoiceRow(monthForm, QStringLiteral("STATUS"), QStringLiteral("statusBox"));
-    for (const char* s : kPlanEntryStatuses)
-        status_->addItem(QString::fromLatin1(s));
-    auto* monthButtons = new QHBoxLayout;
-    monthColumn->addLayout(monthButtons);
-    apply_ = addButton(monthButtons, QStringLiteral("APPLY"), QStringLiteral("applyButton"), panel);
-    applyAll_ = addButton(monthButtons, QStringLiteral("APPLY TO ALL MONTHS"),
-                          QStringLiteral("applyAllButton"), panel);
-    cancelEdit_ = addButton(monthButtons, QStringLiteral("CANCEL EDIT"),
-                            QStringLiteral("cancelEditButton"), panel);
-    monthColumn->addStretch(1);
+    month_ = addMonthFields(top, panel, MonthFieldSet::kPlanEntry);
 
     auto* expenseButtons = new QHBoxLayout;
     column->addLayout(expenseButtons);
@@ -211,9 +161,9 @@ void CExpenseDlg::buildMaintenance(QWidget* panel, QBoxLayout* top, QBoxLayout* 
     connect(moveTo_, &QAction::triggered, this, &CExpenseDlg::startMove);
     connect(saveNew_, &QPushButton::clicked, this, &CExpenseDlg::saveNew);
     connect(saveChanges_, &QPushButton::clicked, this, &CExpenseDlg::saveChanges);
-    connect(apply_, &QPushButton::clicked, this, [this] { applyMonth(false); });
-    connect(applyAll_, &QPushButton::clicked, this, [this] { applyMonth(true); });
-    connect(cancelEdit_, &QPushButton::clicked, this,
+    connect(month_.apply, &QPushButton::clicked, this, [this] { applyMonth(false); });
+    connect(month_.applyAll, &QPushButton::clicked, this, [this] { applyMonth(true); });
+    connect(month_.cancelEdit, &QPushButton::clicked, this,
             [this] { showMonthRow(months_->currentRow()); });
     connect(moveUp_, &QPushButton::clicked, this, [this] { move(true); });
     connect(moveDown_, &QPushButton::clicked, this, [this] { move(false); });
@@ -364,11 +314,7 @@ void CExpenseDlg::onSelected(QTreeWidgetItem* item) {
 
 void CExpenseDlg::showMonthRow(int row) {
     const bool month = row >= 1 && row < kMonthRows && !expense_.empty() && saveNew_->isHidden();
-    monthAmount_->setText(month ? cellText(months_, row, kAmountCell) : QString());
-    datePaid_->setText(month ? cellText(months_, row, kDatePaidCell) : QString());
-    dueDate_->setText(month ? cellText(months_, row, kDueDateCell) : QString());
-    check_->setText(month ? cellText(months_, row, kCheckCell) : QString());
-    status_->setCurrentIndex(month ? status_->findText(cellText(months_, row, kStatusCell)) : -1);
+    month_.show(months_, month ? row : -1, kMonthCells);
 }
 
 void CExpenseDlg::updateButtons() {
@@ -378,22 +324,12 @@ void CExpenseDlg::updateButtons() {
     moveUp_->setVisible(expense && !adding);
     moveDown_->setVisible(expense && !adding);
     saveChanges_->setEnabled(expense);
-    for (QPushButton* b : {apply_, applyAll_, cancelEdit_})
-        b->setEnabled(expense && !adding && row >= 1 && row < kMonthRows);
+    month_.enableButtons(expense && !adding && row >= 1 && row < kMonthRows);
     moveTo_->setEnabled(expense && !adding);
 }
 
 bool CExpenseDlg::run(const std::function<void()>& call) {
-    try {
-        call();
-        return true;
-    } catch (const PlanRefusal& refusal) {
-        session_->prompter().notify(refusal.what());
-    } catch (...) {
-        failure_ = std::current_exception();
-        reject();
-    }
-    return false;
+    return runPlanCall(session_->prompter(), this, failure_, call);
 }
 
 void CExpenseDlg::reload(const std::string& category, const std::string& expense) {
@@ -415,12 +351,8 @@ void CExpenseDlg::reload(const std::string& category, const std::string& expense
 
 ExpenseFields CExpenseDlg::fields() const {
     return {type_->currentText().toStdString(), bank_.account->currentText().toStdString(),
-            text(closingDay_), bank_.institution->currentText().toStdString(), text(amount_)};
-}
-
-MonthValues CExpenseDlg::monthValues() const {
-    return {text(monthAmount_), text(datePaid_), text(dueDate_),
-            status_->currentText().toStdString(), text(check_)};
+            fieldText(closingDay_), bank_.institution->currentText().toStdString(),
+            fieldText(amount_)};
 }
 
 void CExpenseDlg::addNew() {
@@ -439,7 +371,7 @@ void CExpenseDlg::addNew() {
 }
 
 void CExpenseDlg::saveNew() {
-    const std::string name = text(name_);
+    const std::string name = fieldText(name_);
     if (run([&] { saveNewExpense(*session_, expenseCategory_, expense_, name, fields()); })) {
         pick_ = {trimmedText(name), expenseCategory_};
         accept();
@@ -449,7 +381,7 @@ void CExpenseDlg::saveNew() {
 void CExpenseDlg::saveChanges() {
     if (expense_.empty())
         return;
-    const std::string name = text(name_);
+    const std::string name = fieldText(name_);
     std::optional<int> saved;
     if (!run([&] {
             saved = saveExpenseChanges(*session_, session_->prompter(), expenseCategory_, expense_,
@@ -482,7 +414,7 @@ void CExpenseDlg::applyMonth(bool toAllMonths) {
     const int row = months_->currentRow();
     if (expense_.empty() || row < 1)
         return;
-    const MonthValues values = monthValues();
+    const MonthValues values = month_.values();
     if (run([&] {
             if (toAllMonths)
                 applyToAllMonths(*session_, expenseCategory_, expense_, row, values);

@@ -96,7 +96,6 @@ class CExpenseDlg : public QDialog {
     void reload(const std::string& category, const std::string& expense);
     void updateButtons();
     ExpenseFields fields() const;
-    MonthValues monthValues() const;
 
     pugi::xml_node data_;
     Session* session_ = nullptr;
@@ -121,14 +120,7 @@ class CExpenseDlg : public QDialog {
     QPushButton* ok_ = nullptr;
     QPushButton* cancel_ = nullptr;
 
-    QLineEdit* monthAmount_ = nullptr;
-    QLineEdit* dueDate_ = nullptr;
-    QLineEdit* datePaid_ = nullptr;
-    QLineEdit* check_ = nullptr;
-    QComboBox* status_ = nullptr;
-    QPushButton* apply_ = nullptr;
-    QPushButton* applyAll_ = nullptr;
-    QPushButton* cancelEdit_ = nullptr;
+    MonthFields month_;
     QPushButton* saveNew_ = nullptr;
     QPushButton* saveChanges_ = nullptr;
     QPushButton* moveUp_ = nullptr;

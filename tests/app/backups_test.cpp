@@ -31,6 +31,8 @@ TEST_F(BackupsTest, StartupCreatesTheCloudFolderOrSaysThereIsNoCloudDrive) {
     checkBackupTarget(session);
     ASSERT_EQ(prompter.shown.size(), 1u);
     EXPECT_EQ(prompter.shown[0], backup_texts::kNoCloudDrive);
+    checkBackupTarget(session);  // the data folder remembers it was said
+    EXPECT_EQ(prompter.shown.size(), 1u);
 
     prompter.shown.clear();
     env.cloud = tmp / "gdrive";
@@ -53,6 +55,8 @@ TEST_F(BackupsTest, ExitWritesTheLocalCopyAndTheCloudCopyOnceItsFolderExists) {
     EXPECT_EQ(prompter.shown, std::vector<std::string>{backup_texts::kNoCloudFolderOnExit});
     EXPECT_EQ(readFile(localBackup()), readFile(session.filePath));
     EXPECT_FALSE(std::filesystem::exists(tmp / "gdrive" / "My Drive"));
+    writeExitBackups(session);  // warned once per data folder
+    EXPECT_EQ(prompter.shown.size(), 1u);
 
     prompter.shown.clear();
     const auto cloudFolder = tmp / "gdrive" / "My Drive" / "tallix" / "backup";

@@ -13,6 +13,7 @@
 #include "app/session.h"
 #include "register/month_display.h"
 #include "ui/grid_model.h"
+#include "ui/month_buttons.h"
 #include "ui/register_grid.h"
 #include "ui/tallix_dlg.h"
 
@@ -100,6 +101,8 @@ void CTallixDlg::showDisplayedMonth(bool keepScrollPosition) {
     else
         grid_->scrollToTop();
     setWindowTitle(QString::fromStdString(session_.title()));
+    // The green month button is always the month on screen.
+    monthButtons_->press(session_.month);
 }
 
 void CTallixDlg::Refresh() {

@@ -338,7 +338,8 @@ void CBankdlg::startAdding(bool account) {
 }
 
 void CBankdlg::showFields(bool shown) {
-    for (QWidget* w : std::initializer_list<QWidget*>{registerBox_, outstandingBox_, apply_})
+    for (QWidget* w :
+         std::initializer_list<QWidget*>{instructions_, registerBox_, outstandingBox_, apply_})
         w->setVisible(shown);
     for (QLineEdit* edit :
          {accountName_, registerTitle_, bankTitle_, outstandingTitle_, startingBalance_})
@@ -351,7 +352,6 @@ void CBankdlg::apply() {
                       registerBox_->isChecked(), outstandingBox_->isChecked(),
                       text(registerTitle_),      text(bankTitle_),
                       text(outstandingTitle_),   text(startingBalance_)};
-    std::vector<int> path = LabelTree::pathOf(tree_->currentItem());
     if (adding_ == Mode::AddAccount) {
         QTreeWidgetItem* item = tree_->currentItem();
         if (!item) {
@@ -375,7 +375,14 @@ void CBankdlg::apply() {
     instructions_->clear();
     adding_ = Mode::Edit;
     showFields(false);
-    reload(path);
+    // The new account is shown selected.
+    reload({});
+    const auto banks = tree_->findItems(qs(trimmedText(fields.bank)), Qt::MatchExactly);
+    if (!banks.isEmpty() && banks.front()->childCount() > 0) {
+        QTreeWidgetItem* account = banks.front()->child(banks.front()->childCount() - 1);
+        tree_->setCurrentItem(account);
+        tree_->scrollToItem(account, QAbstractItemView::PositionAtTop);
+    }
 }
 
 }  // namespace tallix::ui

@@ -54,19 +54,23 @@ CDialogCreditCards::CDialogCreditCards(Session& session, bool startWithAddNew, Q
     tree_->setMinimumWidth(240);
     body->addWidget(tree_, 1);
 
-    auto* fields = new QVBoxLayout;
-    body->addLayout(fields, 1);
-    form_ = new QFormLayout;
-    fields->addLayout(form_);
-    name_ = addTextRow(form_, QStringLiteral("CREDITCARD NAME"), QStringLiteral("cardNameEdit"));
-    columnTitle_ = addTextRow(form_, QStringLiteral("CREDIT CARD COLUMN TITLE"),
+    fields_ = new QWidget(this);
+    fields_->setMinimumWidth(440);
+    body->addWidget(fields_, 1);
+    auto* fields = new QVBoxLayout(fields_);
+    fields->setContentsMargins(0, 0, 0, 0);
+    auto* form = new QFormLayout;
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    fields->addLayout(form);
+    name_ = addTextRow(form, QStringLiteral("CREDITCARD NAME"), QStringLiteral("cardNameEdit"));
+    columnTitle_ = addTextRow(form, QStringLiteral("CREDIT CARD COLUMN TITLE"),
                               QStringLiteral("cardColumnTitleEdit"));
-    lastYearClosing_ = addTextRow(form_, QStringLiteral("LAST YEAR CLOSING"),
+    lastYearClosing_ = addTextRow(form, QStringLiteral("LAST YEAR CLOSING"),
                                   QStringLiteral("lastYearClosingEdit"));
     closingDay_ =
-        addTextRow(form_, QStringLiteral("CLOSING DAY"), QStringLiteral("cardClosingDayEdit"));
-    dueDay_ = addTextRow(form_, QStringLiteral("DUE DAY"), QStringLiteral("cardDueDayEdit"));
-    save_ = new QPushButton(QStringLiteral("SAVE CHANGES"), this);
+        addTextRow(form, QStringLiteral("CLOSING DAY"), QStringLiteral("cardClosingDayEdit"));
+    dueDay_ = addTextRow(form, QStringLiteral("DUE DAY"), QStringLiteral("cardDueDayEdit"));
+    save_ = new QPushButton(QStringLiteral("SAVE CHANGES"), fields_);
     save_->setObjectName(QStringLiteral("saveButton"));
     save_->setAutoDefault(false);
     auto* saveRow = new QHBoxLayout;
@@ -105,7 +109,7 @@ CDialogCreditCards::CDialogCreditCards(Session& session, bool startWithAddNew, Q
     showFields(false);
     if (startWithAddNew)
         addNew();
-    resize(sizeHint().expandedTo(QSize(640, 460)));
+    resize(sizeHint().expandedTo(QSize(760, 600)));
 }
 
 void CDialogCreditCards::rethrowFailure() const {
@@ -190,9 +194,7 @@ void CDialogCreditCards::addNew() {
 }
 
 void CDialogCreditCards::showFields(bool shown) {
-    for (QLineEdit* edit : {name_, columnTitle_, lastYearClosing_, closingDay_, dueDay_})
-        form_->setRowVisible(edit, shown);
-    save_->setVisible(shown);
+    fields_->setVisible(shown);
 }
 
 void CDialogCreditCards::save() {

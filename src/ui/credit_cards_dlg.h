@@ -6,7 +6,6 @@
 #include <vector>
 
 class QAction;
-class QFormLayout;
 class QLineEdit;
 class QPushButton;
 class QTreeWidgetItem;
@@ -54,7 +53,7 @@ class CDialogCreditCards : public QDialog {
     LabelTree* tree_ = nullptr;
     QAction* delete_ = nullptr;
     QAction* addNew_ = nullptr;
-    QFormLayout* form_ = nullptr;
+    QWidget* fields_ = nullptr;
     QLineEdit* name_ = nullptr;
     QLineEdit* columnTitle_ = nullptr;
     QLineEdit* lastYearClosing_ = nullptr;

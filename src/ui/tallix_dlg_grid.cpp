@@ -73,6 +73,7 @@ void CTallixDlg::setUpGrid() {
     header->setHighlightSections(false);
     header->setMinimumSectionSize(1);  // column 0 is one pixel wide
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(header, &QHeaderView::sectionDoubleClicked, this, &CTallixDlg::OnColumnWidth);
     // Typing, clicks and the pickers; after a change the same month is shown
     // again where the user scrolled it.
     registerGrid_ = new RegisterGrid(

@@ -64,6 +64,10 @@ class CTallixDlg : public QDialog {
     // New Credit Card, which open the same dialogs with that Add chosen.
     void OnManageBank();
     void OnManageCreditCard();
+    // Manage > Income and Manage > Receivables (and their picture buttons):
+    // the maintenance dialogs of the income sources and of the customers.
+    void OnManageIncome();
+    void OnManageReceivables();
     void OnBankAddbank();
     void OnNewBankaccount();
     void OnCreditcardAdd();
@@ -94,7 +98,8 @@ class CTallixDlg : public QDialog {
     // "Undo <what>" from the session's history, disabled when there is none.
     void updateUndoAction();
     // After a maintenance dialog or an undo: the displayed month read again
-    // from the year file (columns, lines, balances), the grid where it was.
+    // from the year file (columns, lines, balances), the grid where it was,
+    // and the Customers menu.
     void showMonthFromFile(bool settleUndo);
     // Runs a maintenance dialog, then shows the month from the file; the
     // balances worked out again belong to the dialog's change, if it made one.

@@ -15,7 +15,9 @@
 #include "ui/column_dlg.h"
 #include "ui/credit_cards_dlg.h"
 #include "ui/expense_dlg.h"
+#include "ui/income_dlg.h"
 #include "ui/picture_buttons.h"
+#include "ui/receivables_dlg.h"
 #include "ui/register_grid.h"
 #include "ui/tallix_dlg.h"
 
@@ -23,7 +25,7 @@ namespace tallix::ui {
 namespace {
 
 // Commands whose dialogs and engines come in later versions.
-constexpr const char* kManageItemsNotYet[] = {"Description", "RMD", "Receivables"};
+constexpr const char* kManageItemsNotYet[] = {"Description", "RMD"};
 constexpr const char* kReportItems[] = {"Expense Year to date totals", "Monthly expense totals",
                                         "Monthly Receivable Totals ",
                                         "Receivable Year to date totals"};
@@ -53,7 +55,7 @@ void CTallixDlg::buildMenus() {
     QMenu* manage = menuBar_->addMenu(QStringLiteral("Manage"));
     manage->addAction(QStringLiteral("Expense"), this, &CTallixDlg::OnManageExpense);
     manage->addAction(QStringLiteral("Category"), this, &CTallixDlg::OnManageCategory);
-    notYet(manage, QStringLiteral("Income"));
+    manage->addAction(QStringLiteral("Income"), this, &CTallixDlg::OnManageIncome);
     manage->addAction(QStringLiteral("Bank or Institution"), this, &CTallixDlg::OnManageBank);
     manage->addAction(QStringLiteral("Credit Card"), this, &CTallixDlg::OnManageCreditCard);
     manage->addAction(QStringLiteral("New Bank or Institution"), this, &CTallixDlg::OnBankAddbank);
@@ -61,6 +63,7 @@ void CTallixDlg::buildMenus() {
     manage->addAction(QStringLiteral("New Credit Card"), this, &CTallixDlg::OnCreditcardAdd);
     for (const char* item : kManageItemsNotYet)
         notYet(manage, QString::fromLatin1(item));
+    manage->addAction(QStringLiteral("Receivables"), this, &CTallixDlg::OnManageReceivables);
 
     QMenu* tools = menuBar_->addMenu(QStringLiteral("Tools"));
     tools->addAction(QStringLiteral("Refresh"), this, &CTallixDlg::Refresh);
@@ -127,6 +130,10 @@ void CTallixDlg::connectPictureButtons() {
             OnManageBank();
         else if (task == PictureButtons::kCreditCard)
             OnManageCreditCard();
+        else if (task == PictureButtons::kIncome)
+            OnManageIncome();
+        else if (task == PictureButtons::kReceivable)
+            OnManageReceivables();
         else
             showNotAvailable(QString::fromLatin1(kTaskNames[task]));
     });
@@ -147,6 +154,8 @@ void CTallixDlg::showMonthFromFile(bool settleUndo) {
     if (settleUndo)
         session_.history.settleLast(session_.data.serialize());
     updateUndoAction();
+    // A customer added, renamed, moved or deleted (or one of those undone).
+    buildCustomersMenu();
 }
 
 namespace {
@@ -187,6 +196,14 @@ void CTallixDlg::OnManageBank() {
 void CTallixDlg::OnManageCreditCard() {
     runMaintenance(
         [this] { runPlanDialog<CDialogCreditCards>(session_, this, "editCreditCard", false); });
+}
+
+void CTallixDlg::OnManageIncome() {
+    runMaintenance([this] { runPlanDialog<CIncomedlg>(session_, this, "editIncome"); });
+}
+
+void CTallixDlg::OnManageReceivables() {
+    runMaintenance([this] { runPlanDialog<CReceivablesDlg>(session_, this, "editReceivables"); });
 }
 
 void CTallixDlg::OnBankAddbank() {

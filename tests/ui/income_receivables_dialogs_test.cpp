@@ -1,14 +1,18 @@
-// The income and receivables dialogs worked on the sample year with real
-// clicks and keys; what their operations do to the year is tested with the
-// core.
+// The income and receivables dialogs opened from the main window on the
+// sample year and worked with real clicks and keys; what their operations do
+// to the year is tested with the core.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QTableWidget>
+#include <QTimer>
+#include <QToolButton>
 #include <QTreeWidget>
 
 #include "reference/plan_lists.h"
 #include "ui/income_dlg.h"
+#include "ui/picture_buttons.h"
 #include "ui/receivables_dlg.h"
 #include "ui/sample_year.h"
 
@@ -44,47 +48,59 @@ class IncomeReceivablesDialogsTest : public test::WindowTest {
 
 TEST_F(IncomeReceivablesDialogsTest, AnAutoDaySourceGetsTheSecondFridayOfEveryMonth) {
     start();
-    ui::CIncomedlg dialog(session);
-    dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
-    clickItem(dialog.sourceList(), QStringLiteral("Acme Payroll"));
-    QTest::keyClicks(dialog.typeBox(), QStringLiteral("auto day"));
-    ASSERT_EQ(dialog.typeBox()->currentText(), "auto day");
-    QTest::keyClicks(dialog.dayOrDateBox(), QStringLiteral("Friday"));
-    ASSERT_EQ(dialog.dayOrDateBox()->currentText(), "Friday");
-    retype(dialog.dayNumberEdit(), QStringLiteral("2"));
-    QTest::mouseClick(dialog.saveValuesButton(), Qt::LeftButton);
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<ui::CIncomedlg*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        clickItem(dialog->sourceList(), QStringLiteral("Acme Payroll"));
+        QTest::keyClicks(dialog->typeBox(), QStringLiteral("auto day"));
+        QTest::keyClicks(dialog->dayOrDateBox(), QStringLiteral("Friday"));
+        EXPECT_EQ(dialog->dayOrDateBox()->currentText(), "Friday");
+        retype(dialog->dayNumberEdit(), QStringLiteral("2"));
+        QTest::mouseClick(dialog->saveValuesButton(), Qt::LeftButton);
 
-    QTableWidget* months = dialog.monthTable();
-    const QStringList secondFridays = {"1/9/2026",  "2/13/2026", "3/13/2026",  "4/10/2026",
-                                       "5/8/2026",  "6/12/2026", "7/10/2026",  "8/14/2026",
-                                       "9/11/2026", "10/9/2026", "11/13/2026", "12/11/2026"};
-    for (int m = 0; m < 12; ++m)
-        EXPECT_EQ(months->item(m, 3)->text(), secondFridays[m]) << m + 1;
+        QTableWidget* months = dialog->monthTable();
+        const QStringList secondFridays = {"1/9/2026",  "2/13/2026", "3/13/2026",  "4/10/2026",
+                                           "5/8/2026",  "6/12/2026", "7/10/2026",  "8/14/2026",
+                                           "9/11/2026", "10/9/2026", "11/13/2026", "12/11/2026"};
+        for (int m = 0; m < 12; ++m)
+            EXPECT_EQ(months->item(m, 3)->text(), secondFridays[m]) << m + 1;
 
-    // December's amount applied: Acme's total and the TOTAL row follow.
-    const auto [sumBefore, totalBefore] = totals(dialog.sourceList());
-    EXPECT_NEAR(totalBefore, sumBefore, 0.001);
-    const double december = months->item(11, 1)->text().toDouble();
-    clickRow(months, 11);
-    retype(dialog.monthFields().amount, QStringLiteral("1000"));
-    QTest::mouseClick(dialog.monthFields().apply, Qt::LeftButton);
-    EXPECT_EQ(months->item(11, 1)->text().toStdString(), "1000.00");
-    const auto [sum, total] = totals(dialog.sourceList());
-    EXPECT_NEAR(total, sum, 0.001);
-    EXPECT_NEAR(total, totalBefore - december + 1000, 0.001);
+        // December's amount applied: Acme's total and the TOTAL row follow.
+        const auto [sumBefore, totalBefore] = totals(dialog->sourceList());
+        EXPECT_NEAR(totalBefore, sumBefore, 0.001);
+        const double december = months->item(11, 1)->text().toDouble();
+        clickRow(months, 11);
+        retype(dialog->monthFields().amount, QStringLiteral("1000"));
+        QTest::mouseClick(dialog->monthFields().apply, Qt::LeftButton);
+        EXPECT_EQ(months->item(11, 1)->text().toStdString(), "1000.00");
+        const auto [sum, total] = totals(dialog->sourceList());
+        EXPECT_NEAR(total, sum, 0.001);
+        EXPECT_NEAR(total, totalBefore - december + 1000, 0.001);
+        QTest::mouseClick(dialog->okButton(), Qt::LeftButton);
+        dialog->reject();  // closed already, unless a check above failed
+    });
+    item(2, "Income")->trigger();
+    EXPECT_TRUE(prompter.shown.empty());
 }
 
-TEST_F(IncomeReceivablesDialogsTest, ACustomerNumberSavedIsInTheFile) {
+TEST_F(IncomeReceivablesDialogsTest, ACustomerSavedIsInTheFileAndTheCustomersMenu) {
     start();
-    ui::CReceivablesDlg dialog(session);
-    dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
-    clickItem(dialog.tree(), QStringLiteral("Maple Street Bakery"));
-    retype(dialog.numberEdit(), QStringLiteral("2001"));
-    QTest::mouseClick(dialog.saveChangesButton(), Qt::LeftButton);
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<ui::CReceivablesDlg*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        clickItem(dialog->tree(), QStringLiteral("Maple Street Bakery"));
+        retype(dialog->nameEdit(), QStringLiteral("Maple Bakery"));
+        retype(dialog->numberEdit(), QStringLiteral("2001"));
+        QTest::mouseClick(dialog->saveChangesButton(), Qt::LeftButton);
+        QTest::mouseClick(dialog->okButton(), Qt::LeftButton);
+        dialog->reject();  // closed already, unless a check above failed
+    });
+    window.pictureButtons()->button(ui::PictureButtons::kReceivable)->click();
     EXPECT_TRUE(prompter.shown.empty());
-    EXPECT_EQ(customers(Document::load(yearFile()).node()).at(0).number, "2001");
+    const Customer saved = customers(Document::load(yearFile()).node()).at(0);
+    EXPECT_EQ(saved.name + " " + saved.number, "Maple Bakery 2001");
+    EXPECT_EQ(itemTexts(window.customersMenu()),
+              (QStringList{"Maple Bakery", "Riverside Garden Club"}));
 }
 
 }  // namespace

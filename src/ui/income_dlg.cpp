@@ -170,6 +170,10 @@ void CIncomedlg::fillList() {
 void CIncomedlg::onSelected(QTreeWidgetItem* item) {
     const QVariant name = item ? item->data(0, kSourceRole) : QVariant();
     source_ = name.isValid() ? name.toString().toStdString() : std::string();
+    // The source shown is the one highlighted, also when the list made it
+    // current on getting the focus.
+    if (!source_.empty())
+        item->setSelected(true);
     saveNew_->hide();
     saveValues_->show();
     months_->show();

@@ -254,6 +254,10 @@ void CReceivablesDlg::onSelected(QTreeWidgetItem* item) {
     saveChanges_->show();
     showCustomer(item);
     customer_ = item ? item->text(0).toStdString() : std::string();
+    // The customer shown is the one highlighted, also when the tree made it
+    // current on getting the focus.
+    if (item)
+        item->setSelected(true);
     showItemRow(items_->currentRow());
     updateButtons();
 }

@@ -5,7 +5,6 @@
 #include <QFont>
 #include <QFormLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenuBar>

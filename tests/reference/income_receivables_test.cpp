@@ -50,6 +50,8 @@ TEST(IncomeDates, AutoDayIsTheNthWeekdayOfEveryMonthWhateverDayItStartsOn) {
     EXPECT_EQ(incomeDate({kAutoDate, "31", ""}, 4, 2026), "4/30/2026");
     EXPECT_EQ(incomeDate({kAutoDate, "31", ""}, 2, 2028), "2/29/2028");
     EXPECT_EQ(incomeDate({kPosted, "Friday", "2"}, 5, 2026), std::nullopt);
+    EXPECT_NO_THROW(checkSchedule({kAutoDay, "Sunday", "1"}));
+    EXPECT_NO_THROW(checkSchedule({"transfer", "0", "0"}));
 }
 
 TEST(IncomeMaintenance, SavedValuesDateEveryMonthAndANewSourceCopiesTheSelectedOne) {

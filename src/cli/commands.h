@@ -26,8 +26,9 @@ struct UsageError : std::invalid_argument {
 };
 
 // The commands that write a file (show, update-all, next-year, expense,
-// category, bank, account, card) first take the lock a Tallix window holds on its data folder, on
-// the folder of the file they write; while a window (or another tallix-cli) holds it they print the
+// category, bank, account, card, income, customer) first take the lock a
+// Tallix window holds on its data folder, on the folder of the file they
+// write; while a window (or another tallix-cli) holds it they print the
 // window's own refusal on standard error and return kFailed.
 
 struct Command {
@@ -84,5 +85,15 @@ int runAccount(const Arguments& arguments, std::ostream& out, std::ostream& err)
 // card add|rename|delete FILE ...: the credit card dialog's operations, the
 // same way.
 int runCard(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// income set|add|delete FILE ...: the income dialog's SAVE EDIT VALUES (the
+// dates of the automatic types worked out for the year of FILE's name
+// tallixYYYY.xml, today's for another name, or --year), SAVE NEW INCOME and
+// delete, the same way; set prints the twelve dates the source then holds.
+int runIncome(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// customer add|delete FILE ...: the receivables dialog's SAVE THE NEW
+// CUSTOMER and delete, the same way.
+int runCustomer(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
 }  // namespace tallix::cli

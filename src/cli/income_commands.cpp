@@ -110,7 +110,7 @@ int setIncomeCommand(Arguments arguments, std::ostream& out, std::ostream& err) 
 
         const std::string saved = checkedName(name.value_or(source), "income source");
         const IncomeFields now = currentIncome(session, saved);
-        const bool worked = now.schedule.type != kPosted;
+        const bool worked = now.schedule.type == kAutoDay || now.schedule.type == kAutoDate;
         out << (saved == source ? "saved income source " + source
                                 : "renamed income source " + source + " to " + saved)
             << ": " << placeText(now.institution, now.account, now.repeatingAmount) << ", "

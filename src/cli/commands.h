@@ -42,6 +42,11 @@ struct Command {
 // is any, kOk otherwise; kUsage for anything but one FILE.
 int runCheck(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
+// find FILE TEXT: Edit > Find; prints a title line and one tab-separated
+// line per line found (month, day, line, expense, amount, status), and the
+// count on `err`. Reads only. kFaultsFound when nothing is found.
+int runFind(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
 // show FILE MONTH [--today YYYY-MM-DD]: shows MONTH (1-12 or its English
 // name) as its month button does and prints the grid's column titles and
 // then each row, cells joined by a tab. The file is saved as the program

@@ -12,11 +12,16 @@ namespace {
 
 using tallix::cli::Command;
 
-constexpr std::array<Command, 12> kCommands = {{
+constexpr std::array<Command, 13> kCommands = {{
     {"check", "FILE",
      "report what a year data file or the index file lacks or holds out of shape, one line "
      "per fault; exit status 1 when there is any",
      tallix::cli::runCheck},
+    {"find", "FILE TEXT",
+     "list the lines of the year that hold TEXT in their expense, description, check number "
+     "or category (letters in any case), or whose amount TEXT is; tab-separated month, day, "
+     "line, expense, amount and status; exit status 1 when nothing is found",
+     tallix::cli::runFind},
     {"show", "FILE MONTH [--today YYYY-MM-DD]",
      "show MONTH (1-12 or its name) as its month button does and print the grid: the column "
      "titles, then one line per row, cells joined by a tab; notices go to standard error",

@@ -182,6 +182,8 @@ TEST(IncomeMaintenance, ARefusedValueLeavesTheFileAsItWas) {
         {[](Session& s) { saveNewIncome(s, "Acme Payroll", " ", {}); }, "needs a name"},
         {[](Session& s) { applyIncomeMonth(s, "Acme Payroll", 3, {"1", "", "13/1/2026", "", ""}); },
          "DATE \"13/1/2026\" is not a date"},
+        {[](Session& s) { applyIncomeMonth(s, "Acme Payroll", 3, {"1", "", "3/1a/2026", "", ""}); },
+         "DATE \"3/1a/2026\" is not a date"},
         {[](Session& s) { saveNewCustomer(s, "Nobody", "X", {}); }, "Receivable not found on line Nobody"},
         {[](Session& s) { saveCustomerChanges(s, "Maple Street Bakery", "Riverside Garden Club", {}); },
          "already a customer named"},

@@ -40,6 +40,27 @@ QStringList weekdayNames() {
     return names;
 }
 
+// The types TYPE offers; a source of another kind (a transfer) shows its own.
+QStringList scheduleTypes() {
+    return {QString::fromLatin1(kAutoDay), QString::fromLatin1(kAutoDate),
+            QString::fromLatin1(kPosted)};
+}
+
+bool isAutomatic(const QString& type) {
+    return type == QLatin1String(kAutoDay) || type == QLatin1String(kAutoDate);
+}
+
+// Selects `text`, first adding it when the box does not offer it (a value of
+// the file that the choices leave out); an empty text selects nothing.
+void selectKeeping(QComboBox* box, const QString& text) {
+    int at = box->findText(text);
+    if (at < 0 && !text.isEmpty()) {
+        box->addItem(text);
+        at = box->count() - 1;
+    }
+    box->setCurrentIndex(at);
+}
+
 std::string choice(const QComboBox* box) {
     return box->currentText().toStdString();
 }
@@ -97,8 +118,7 @@ QWidget* CIncomedlg::buildDetails() {
     name_ = addTextRow(form, QStringLiteral("NAME"), QStringLiteral("nameEdit"));
     bank_ = addBankRows(form, banks_, QStringLiteral("INSTITUTION"), QStringLiteral("ACCOUNT"));
     type_ = addChoiceRow(form, QStringLiteral("TYPE"), QStringLiteral("typeBox"));
-    type_->addItems({QString::fromLatin1(kAutoDay), QString::fromLatin1(kAutoDate),
-                     QString::fromLatin1(kPosted)});
+    type_->addItems(scheduleTypes());
     dayOrDate_ = addChoiceRow(form, QStringLiteral("DAY/DATE"), QStringLiteral("dayOrDateBox"));
     dayNumber_ = addTextRow(form, QStringLiteral("DAY NUMBER"), QStringLiteral("dayNumberEdit"));
     amount_ =
@@ -124,7 +144,7 @@ QWidget* CIncomedlg::buildDetails() {
 
     connect(type_, &QComboBox::currentTextChanged, this, [this](const QString& type) {
         if (!filling_)
-            fillDays(type, dayOrDate_->currentText(), type == QLatin1String(kPosted));
+            fillDays(type, dayOrDate_->currentText(), !isAutomatic(type));
     });
     connect(saveNew_, &QPushButton::clicked, this, &CIncomedlg::saveNew);
     connect(saveValues_, &QPushButton::clicked, this, &CIncomedlg::saveValues);
@@ -188,7 +208,9 @@ void CIncomedlg::showSource() {
     filling_ = true;
     name_->setText(qs(source_));
     bank_.show(childTextOrEmpty(source, kInstitution), childTextOrEmpty(source, kAccount));
-    type_->setCurrentIndex(type_->findText(field(kType)));
+    type_->clear();
+    type_->addItems(scheduleTypes());
+    selectKeeping(type_, field(kType));
     fillDays(field(kType), field(kDayOrDate), true);
     dayNumber_->setText(field(kDayNumber));
     amount_->setText(field(kAmount));
@@ -211,12 +233,10 @@ void CIncomedlg::fillDays(const QString& type, const QString& wanted, bool keepU
         for (int day = 1; day <= 31; ++day)
             dayOrDate_->addItem(QString::number(day));
     }
-    int at = dayOrDate_->findText(wanted);
-    if (at < 0 && keepUnlisted && !wanted.isEmpty()) {
-        dayOrDate_->addItem(wanted);
-        at = dayOrDate_->count() - 1;
-    }
-    dayOrDate_->setCurrentIndex(at);
+    if (keepUnlisted)
+        selectKeeping(dayOrDate_, wanted);
+    else
+        dayOrDate_->setCurrentIndex(dayOrDate_->findText(wanted));
 }
 
 void CIncomedlg::showMonthRow(int row) {

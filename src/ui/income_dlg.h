@@ -59,7 +59,8 @@ class CIncomedlg : public QDialog {
     void fillList();
     void onSelected(QTreeWidgetItem* item);
     void showSource();
-    // DAY/DATE lists what TYPE `type` takes and selects `wanted` there; with
+    // DAY/DATE lists what TYPE `type` takes (nothing but the file's value for
+    // a type without worked-out dates) and selects `wanted` there; with
     // `keepUnlisted` a value it does not list is added so that it shows.
     void fillDays(const QString& type, const QString& wanted, bool keepUnlisted);
     void showMonthRow(int row);

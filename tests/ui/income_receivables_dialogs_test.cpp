@@ -76,6 +76,12 @@ TEST_F(IncomeReceivablesDialogsTest, AnAutoDaySourceGetsTheSecondFridayOfEveryMo
         const auto [sum, total] = totals(dialog->sourceList());
         EXPECT_NEAR(total, sum, 0.001);
         EXPECT_NEAR(total, totalBefore - december + 1000, 0.001);
+
+        // A transfer source keeps its kind through a save.
+        clickItem(dialog->sourceList(), QStringLiteral("Savings Transfer"));
+        EXPECT_EQ(dialog->typeBox()->currentText(), "transfer");
+        QTest::mouseClick(dialog->saveValuesButton(), Qt::LeftButton);
+        EXPECT_EQ(dialog->typeBox()->currentText(), "transfer");
         QTest::mouseClick(dialog->okButton(), Qt::LeftButton);
         dialog->reject();  // closed already, unless a check above failed
     });

@@ -1,6 +1,7 @@
 #include "ui/rmd_dlg.h"
 
 #include <QAbstractItemDelegate>
+#include <QFont>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
@@ -77,6 +78,11 @@ CDialogrmd::CDialogrmd(Session& session, QWidget* parent)
         {QStringLiteral("INDIVIDUAL / NAME / ACCOUNT"), QStringLiteral("AMOUNT")});
     tree_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     tree_->setExpandsOnDoubleClick(false);
+    // The amounts at the right, where the labels end.
+    tree_->header()->setStretchLastSection(false);
+    tree_->header()->setSectionResizeMode(kLabelColumn, QHeaderView::Stretch);
+    tree_->header()->setSectionResizeMode(kValueColumn, QHeaderView::ResizeToContents);
+    tree_->headerItem()->setTextAlignment(kValueColumn, Qt::AlignRight | Qt::AlignVCenter);
     top->addWidget(tree_, 1);
 
     // The change each add or delete button makes at the selected place, and
@@ -147,7 +153,7 @@ CDialogrmd::CDialogrmd(Session& session, QWidget* parent)
                 text = edited.data().toString()] { commitLabel(place, column, text); };
     });
     fillTree({});
-    resize(640, 560);
+    resize(600, 520);
 }
 
 QTreeWidgetItem* CDialogrmd::addItem(QTreeWidgetItem* parent, const QString& label,
@@ -159,8 +165,15 @@ QTreeWidgetItem* CDialogrmd::addItem(QTreeWidgetItem* parent, const QString& lab
     item->setData(kLabelColumn, kNameRole, place.name);
     item->setData(kLabelColumn, kAccountRole, place.account);
     item->setData(kLabelColumn, kValueRole, place.value);
+    item->setTextAlignment(kValueColumn, Qt::AlignRight | Qt::AlignVCenter);
     if (editableColumn(place.level) >= 0)
         item->setFlags(item->flags() | Qt::ItemIsEditable);
+    if (place.level == RmdLevel::Totals) {
+        QFont bold = item->font(kLabelColumn);
+        bold.setBold(true);
+        for (int column : {kLabelColumn, kValueColumn})
+            item->setFont(column, bold);
+    }
     return item;
 }
 
@@ -199,7 +212,6 @@ void CDialogrmd::fillTree(const RmdPlace& selected) {
     addValues(addItem(nullptr, totals, {}, {RmdLevel::Totals, {}}), rmds.totals,
               {RmdLevel::Totals, {}});
     tree_->expandAll();
-    tree_->resizeColumnToContents(kLabelColumn);
     for (QTreeWidgetItemIterator it(tree_); *it; ++it)
         if (samePlace(placeAt(tree_->indexFromItem(*it)), selected))
             tree_->setCurrentItem(*it);

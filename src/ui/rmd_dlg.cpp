@@ -247,10 +247,11 @@ void CDialogrmd::saveEdit() {
 }
 
 void CDialogrmd::commitLabel(const RmdPlace& place, int column, const QString& text) {
-    RmdPlace select = place;
+    // The item selected now, which may be one clicked to end the edit.
+    RmdPlace select = selectedPlace();
     if (column == editableColumn(place.level) &&
         calls_.run([&] { editRmdLabel(session_, place, text.toStdString()); }) &&
-        place.level == RmdLevel::Individual)
+        place.level == RmdLevel::Individual && select.individual == place.individual)
         select.individual = trimmedText(text.toStdString());
     fillTree(select);
 }

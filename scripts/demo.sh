@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
-bash scripts/build.sh default
+bash scripts/build.sh default tallix tallix-cli tallix-button-images tallix-help
 root="$(mktemp -d -t tallix-demo-XXXXXX)"
 mkdir -p "$root/tallix"
 cp examples/tallix2026.xml "$root/tallix/"

@@ -26,13 +26,14 @@ inline constexpr const char* kNoCloudFolderOnExit =
 // "My Drive/tallix/backup" on the mounted cloud drive, when there is one.
 std::optional<std::filesystem::path> cloudBackupFolder(const Environment& env);
 
-// Start-up: tells the user when there is no cloud drive, and creates the
-// cloud backup folder on one that lacks it.
+// Start-up: tells the user when there is no cloud drive (once per data
+// folder: the folder remembers that it was said), and creates the cloud
+// backup folder on one that lacks it.
 void checkBackupTarget(Session& session);
 
 // Exit: saves the data document into the local backup folder, then into the
-// cloud backup folder when it exists (after a warning, into the local one
-// again). Throws when a copy cannot be written; the local folder is not
+// cloud backup folder when it exists (otherwise into the local one again,
+// after a warning shown once per data folder). Throws when a copy cannot be written; the local folder is not
 // created here. Without a data file (a start-up that failed or closed early)
 // or with one that could not be read there is nothing to back up.
 void writeExitBackups(Session& session);

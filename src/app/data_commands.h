@@ -1,5 +1,7 @@
 #pragma once
 // The Data and Help menus.
+#include <filesystem>
+#include <optional>
 
 namespace tallix {
 
@@ -7,13 +9,21 @@ class Session;
 
 inline constexpr const char* kHelpFile = "tallix_help.pdf";
 
-// Opens the data file's bare name, resolved against the working directory,
-// with the system viewer; "XML not found" when there is no such file.
+// Opens the open year file (wherever it is) with the system viewer; "XML not
+// found" when the file is gone, and where it is when no viewer starts.
 void displayDataFile(Session& session);
-// Opens "tallix_help.pdf" from the working directory; "pdf not found" when missing.
+// Opens "tallix_help.pdf" from the working directory; "pdf not found" when
+// missing, and where the help is when no PDF viewer starts.
 void openHelp(Session& session);
-// Shows the save dialog with the data file's name and writes nothing: every
-// change is already on disk.
-void offerSaveDataFile(Session& session);
+// Data > Save data file: an export. Asks where to write a copy of the year
+// file (suggesting its name) and writes it there, atomically; nothing when
+// the choice is cancelled. A place inside the data folder is refused with
+// kExportIntoDataFolder: a copy there could replace another year's file,
+// the index or a template. Returns where the copy went.
+std::optional<std::filesystem::path> offerSaveDataFile(Session& session);
+
+inline constexpr const char* kExportIntoDataFolder =
+    "The copy was not written: choose a folder outside Tallix's data folder, where a copy "
+    "could replace one of the program's own files.";
 
 }  // namespace tallix

@@ -57,7 +57,7 @@ class BalanceEngine {
                               childTextOrEmpty(lines[n], schema::kExpense) + ")");
                 }
             }
-            close(count);
+            close();
         }
         return changed_ || anyTextChanged();
     }
@@ -109,25 +109,16 @@ class BalanceEngine {
                 write(childAt(monthEntry(expense, kExpenseMonths, month_), kEntryAmount), "0");
     }
 
-    // The start values are written the way the C library prints a number
-    // ("1200.500000"), with a decimal point whatever the process locale: a
-    // decimal comma would be read back as a whole number.
-    static std::string startText(double value) {
-        char buffer[400];
-        auto end =
-            std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 6);
-        return std::string(buffer, end.ptr);
-    }
     void fillStartingRow(int start) {
         for (const Bank& bank : institutions_.banks)
             for (const BankAccount& a : bank.accounts) {
                 if (a.reg.bound())
-                    t_.set(start, a.reg.column, startText(a.reg.startValue));
+                    t_.set(start, a.reg.column, amountToText(a.reg.startValue));
                 if (a.bank.bound())
-                    t_.set(start, a.bank.column, startText(a.bank.startValue));
+                    t_.set(start, a.bank.column, amountToText(a.bank.startValue));
             }
         for (const CreditCard& card : institutions_.cards)
-            t_.set(start, card.column, startText(card.startValue));
+            t_.set(start, card.column, amountToText(card.startValue));
     }
 
     // ---- the main pass -----------------------------------------------------
@@ -346,10 +337,9 @@ class BalanceEngine {
     }
 
     // ---- closing -----------------------------------------------------------
-    // The closings are written in the plain amount form, also where no line
-    // of the month changed a column and its top cell still shows the
-    // starting row's text ("1200.500000").
-    void close(int start) {
+    // The starting row keeps the values the month started from, so the grid
+    // shows where the month starts after an update too.
+    void close() {
         const size_t next = static_cast<size_t>(month_ + 1);
         auto closing = [&](int column) { return amountToText(value(0, column)); };
         for (const Bank& bank : institutions_.banks)
@@ -361,14 +351,9 @@ class BalanceEngine {
                         message(kBogusBankClosing);
                     write(childAt(a.bank.node, next), closing(a.bank.column));
                 }
-                if (a.reg.bound())
-                    t_.set(start, a.reg.column, "0");
-                if (a.bank.bound())
-                    t_.set(start, a.bank.column, "0");
             }
         for (const CreditCard& card : institutions_.cards) {
             write(childAt(card.node, static_cast<size_t>(month_ + 5)), closing(card.column));
-            t_.set(start, card.column, " ");
         }
         applyRmds();
     }

@@ -29,11 +29,18 @@ std::filesystem::path DesktopEnvironment::dataRoot() const {
     return standardFolder(QStandardPaths::GenericDataLocation);
 }
 
+// A data root given on the command line (a trial, the demo) keeps the
+// backups beside it: DIR/Documents, and no cloud drive, so the household's
+// real backups are never touched.
 std::filesystem::path DesktopEnvironment::documentsFolder() const {
+    if (!dataRootOverride_.empty())
+        return dataRootOverride_ / "Documents";
     return standardFolder(QStandardPaths::DocumentsLocation);
 }
 
 std::optional<std::filesystem::path> DesktopEnvironment::cloudDriveRoot() const {
+    if (!dataRootOverride_.empty())
+        return std::nullopt;
     for (const QStorageInfo& volume : QStorageInfo::mountedVolumes())
         if (volume.isValid() && volume.name() == QStringLiteral("Google Drive"))
             return volume.rootPath().toStdString();

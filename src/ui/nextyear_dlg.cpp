@@ -68,12 +68,16 @@ void CTallixDlg::OnToolsMakenextyear() {
     if (dialog.exec() != QDialog::Accepted)
         return;
     guarded(session_.prompter(), "OnToolsMakenextyear", [&] {
+        // The new year opens at January, where last year's closings were
+        // carried.
         session_.view.table.clear();
         session_.view.lineCount = 0;
-        setWindowTitle(QString::fromStdString(session_.title()));
+        session_.month = 1;
         loadColumns(session_);
-        displayMonth(session_, std::to_string(session_.month));
+        displayMonth(session_, "1");
         showDisplayedMonth();
+        session_.prompter().notify(std::string(kNewYearOpened) + session_.yearText +
+                                   " is open at January, which starts from December's closings.");
     });
 }
 

@@ -11,6 +11,9 @@ class Session;
 
 namespace tallix::ui {
 
+// Said once the new year is on screen; the year and the rest follow.
+inline constexpr const char* kNewYearOpened = "Next year's file is made. ";
+
 // Tools > Make next year: shows the current year and file, the year to make
 // and an editable file name for it, and says that the current year's
 // balances are worked out again first; CREATE NEXT YEARS TALLIX makes the

@@ -1,5 +1,6 @@
 #pragma once
 #include <QDialog>
+#include <functional>
 
 class QAction;
 class QMenu;
@@ -58,6 +59,17 @@ class CTallixDlg : public QDialog {
     // maintenance dialog, then the month again as the year file now holds it.
     void OnManageExpense();
     void OnManageCategory();
+    // Manage > Bank or Institution and Credit Card (and their picture
+    // buttons), and Manage > New Bank or Institution, New Bank Account and
+    // New Credit Card, which open the same dialogs with that Add chosen.
+    void OnManageBank();
+    void OnManageCreditCard();
+    void OnBankAddbank();
+    void OnNewBankaccount();
+    void OnCreditcardAdd();
+    // A double click on a column header of the grid: the width dialog for
+    // that column, then the month again with the new width.
+    void OnColumnWidth(int gridColumn);
     // Edit > Undo: takes back the last change of the plan, then shows the
     // month again.
     void OnEditUndo();
@@ -84,6 +96,9 @@ class CTallixDlg : public QDialog {
     // After a maintenance dialog or an undo: the displayed month read again
     // from the year file (columns, lines, balances), the grid where it was.
     void showMonthFromFile(bool settleUndo);
+    // Runs a maintenance dialog, then shows the month from the file; the
+    // balances worked out again belong to the dialog's change, if it made one.
+    void runMaintenance(const std::function<void()>& dialog);
     void setUpGrid();
     // Shows the grid table as the core left it: rows, column widths, the
     // remembered row in view (or the scroll position as it was), and the

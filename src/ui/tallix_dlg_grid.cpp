@@ -13,6 +13,7 @@
 #include "app/session.h"
 #include "register/month_display.h"
 #include "ui/grid_model.h"
+#include "ui/month_buttons.h"
 #include "ui/register_grid.h"
 #include "ui/tallix_dlg.h"
 
@@ -72,6 +73,7 @@ void CTallixDlg::setUpGrid() {
     header->setHighlightSections(false);
     header->setMinimumSectionSize(1);  // column 0 is one pixel wide
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(header, &QHeaderView::sectionDoubleClicked, this, &CTallixDlg::OnColumnWidth);
     // Typing, clicks and the pickers; after a change the same month is shown
     // again where the user scrolled it.
     registerGrid_ = new RegisterGrid(
@@ -100,6 +102,8 @@ void CTallixDlg::showDisplayedMonth(bool keepScrollPosition) {
     else
         grid_->scrollToTop();
     setWindowTitle(QString::fromStdString(session_.title()));
+    // The green month button is always the month on screen.
+    monthButtons_->press(session_.month);
 }
 
 void CTallixDlg::Refresh() {

@@ -8,18 +8,22 @@
 #include "app/session.h"
 #include "app/undo_history.h"
 #include "app/year_files.h"
+#include "reference/column_definitions.h"
 #include "register/month_display.h"
+#include "ui/bank_dlg.h"
 #include "ui/category_dlg.h"
+#include "ui/column_dlg.h"
+#include "ui/credit_cards_dlg.h"
 #include "ui/expense_dlg.h"
 #include "ui/picture_buttons.h"
+#include "ui/register_grid.h"
 #include "ui/tallix_dlg.h"
 
 namespace tallix::ui {
 namespace {
 
 // Commands whose dialogs and engines come in later versions.
-constexpr const char* kManageItemsNotYet[] = {
-    "Income", "Bank or Institution", "Credit Card", "Description", "RMD", "Receivables"};
+constexpr const char* kManageItemsNotYet[] = {"Description", "RMD", "Receivables"};
 constexpr const char* kReportItems[] = {"Expense Year to date totals", "Monthly expense totals",
                                         "Monthly Receivable Totals ",
                                         "Receivable Year to date totals"};
@@ -49,6 +53,12 @@ void CTallixDlg::buildMenus() {
     QMenu* manage = menuBar_->addMenu(QStringLiteral("Manage"));
     manage->addAction(QStringLiteral("Expense"), this, &CTallixDlg::OnManageExpense);
     manage->addAction(QStringLiteral("Category"), this, &CTallixDlg::OnManageCategory);
+    notYet(manage, QStringLiteral("Income"));
+    manage->addAction(QStringLiteral("Bank or Institution"), this, &CTallixDlg::OnManageBank);
+    manage->addAction(QStringLiteral("Credit Card"), this, &CTallixDlg::OnManageCreditCard);
+    manage->addAction(QStringLiteral("New Bank or Institution"), this, &CTallixDlg::OnBankAddbank);
+    manage->addAction(QStringLiteral("New Bank Account"), this, &CTallixDlg::OnNewBankaccount);
+    manage->addAction(QStringLiteral("New Credit Card"), this, &CTallixDlg::OnCreditcardAdd);
     for (const char* item : kManageItemsNotYet)
         notYet(manage, QString::fromLatin1(item));
 
@@ -113,6 +123,10 @@ void CTallixDlg::connectPictureButtons() {
             OnManageExpense();
         else if (task == PictureButtons::kCategory)
             OnManageCategory();
+        else if (task == PictureButtons::kBank)
+            OnManageBank();
+        else if (task == PictureButtons::kCreditCard)
+            OnManageCreditCard();
         else
             showNotAvailable(QString::fromLatin1(kTaskNames[task]));
     });
@@ -137,12 +151,13 @@ void CTallixDlg::showMonthFromFile(bool settleUndo) {
 
 namespace {
 
-// Runs a plan dialog under its handler's guard; what escapes the dialog's own
-// handlers is reported by the guard.
-template <typename Dialog>
-void runPlanDialog(Session& session, QWidget* parent, std::string_view handlerName) {
+// Runs a plan dialog, made with the session, `args` and the main window,
+// under its handler's guard; what escapes the dialog's own handlers is
+// reported by the guard.
+template <typename Dialog, typename... Args>
+void runPlanDialog(Session& session, QWidget* parent, std::string_view handlerName, Args... args) {
     guarded(session.prompter(), handlerName, [&] {
-        Dialog dialog(session, parent);
+        Dialog dialog(session, args..., parent);
         dialog.exec();
         dialog.rethrowFailure();
     });
@@ -150,16 +165,55 @@ void runPlanDialog(Session& session, QWidget* parent, std::string_view handlerNa
 
 }  // namespace
 
-void CTallixDlg::OnManageExpense() {
+void CTallixDlg::runMaintenance(const std::function<void()>& dialog) {
     const size_t recordedBefore = session_.history.recordedCount();
-    runPlanDialog<CExpenseDlg>(session_, this, "editExpense");
+    dialog();
     showMonthFromFile(session_.history.recordedCount() != recordedBefore);
 }
 
+void CTallixDlg::OnManageExpense() {
+    runMaintenance([this] { runPlanDialog<CExpenseDlg>(session_, this, "editExpense"); });
+}
+
 void CTallixDlg::OnManageCategory() {
-    const size_t recordedBefore = session_.history.recordedCount();
-    runPlanDialog<CcategoryDlg>(session_, this, "editCategory");
-    showMonthFromFile(session_.history.recordedCount() != recordedBefore);
+    runMaintenance([this] { runPlanDialog<CcategoryDlg>(session_, this, "editCategory"); });
+}
+
+void CTallixDlg::OnManageBank() {
+    runMaintenance(
+        [this] { runPlanDialog<CBankdlg>(session_, this, "editBank", CBankdlg::Mode::Edit); });
+}
+
+void CTallixDlg::OnManageCreditCard() {
+    runMaintenance(
+        [this] { runPlanDialog<CDialogCreditCards>(session_, this, "editCreditCard", false); });
+}
+
+void CTallixDlg::OnBankAddbank() {
+    runMaintenance([this] {
+        runPlanDialog<CBankdlg>(session_, this, "OnBankAddbank", CBankdlg::Mode::AddBank);
+    });
+}
+
+void CTallixDlg::OnNewBankaccount() {
+    runMaintenance([this] {
+        runPlanDialog<CBankdlg>(session_, this, "OnNewBankaccount", CBankdlg::Mode::AddAccount);
+    });
+}
+
+void CTallixDlg::OnCreditcardAdd() {
+    runMaintenance(
+        [this] { runPlanDialog<CDialogCreditCards>(session_, this, "OnCreditcardAdd", true); });
+}
+
+void CTallixDlg::OnColumnWidth(int gridColumn) {
+    // What is being typed in the grid is kept before the month is shown again.
+    registerGrid_->HideEditor();
+    const std::optional<ColumnWidth> column =
+        columnAtGridPosition(session_.data.node(), gridColumn);
+    if (!column)
+        return;
+    runMaintenance([&] { runPlanDialog<CColumnDlg>(session_, this, "OnColumnWidth", *column); });
 }
 
 void CTallixDlg::OnEditUndo() {

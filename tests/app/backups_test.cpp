@@ -31,6 +31,8 @@ TEST_F(BackupsTest, StartupCreatesTheCloudFolderOrSaysThereIsNoCloudDrive) {
     checkBackupTarget(session);
     ASSERT_EQ(prompter.shown.size(), 1u);
     EXPECT_EQ(prompter.shown[0], backup_texts::kNoCloudDrive);
+    checkBackupTarget(session);  // the data folder remembers it was said
+    EXPECT_EQ(prompter.shown.size(), 1u);
 
     prompter.shown.clear();
     env.cloud = tmp / "gdrive";
@@ -53,6 +55,8 @@ TEST_F(BackupsTest, ExitWritesTheLocalCopyAndTheCloudCopyOnceItsFolderExists) {
     EXPECT_EQ(prompter.shown, std::vector<std::string>{backup_texts::kNoCloudFolderOnExit});
     EXPECT_EQ(readFile(localBackup()), readFile(session.filePath));
     EXPECT_FALSE(std::filesystem::exists(tmp / "gdrive" / "My Drive"));
+    writeExitBackups(session);  // warned once per data folder
+    EXPECT_EQ(prompter.shown.size(), 1u);
 
     prompter.shown.clear();
     const auto cloudFolder = tmp / "gdrive" / "My Drive" / "tallix" / "backup";
@@ -101,30 +105,34 @@ void inFolder(const std::filesystem::path& folder, Body body) {
     std::filesystem::current_path(before);
 }
 
-TEST_F(BackupsTest, DataAndHelpOpenFromTheWorkingDirectory) {
-    inFolder(tmp.path(), [&] {
-        displayDataFile(session);
-        openHelp(session);
-    });
-    EXPECT_EQ(prompter.shown, (std::vector<std::string>{"XML not found", "pdf not found"}));
+TEST_F(BackupsTest, DataAndHelpOpenTheirFilesOrSayWhere) {
+    inFolder(tmp.path(), [&] { openHelp(session); });
+    std::filesystem::remove(session.filePath);
+    displayDataFile(session);
+    EXPECT_EQ(prompter.shown, (std::vector<std::string>{"pdf not found", "XML not found"}));
     EXPECT_TRUE(env.opened.empty());
 
     prompter.shown.clear();
-    inFolder(session.dataFolder(), [&] { displayDataFile(session); });
+    session.saveData();
+    inFolder(tmp.path(), [&] { displayDataFile(session); });  // not from the working folder
     test::writeFile(tmp / "tallix_help.pdf", "%PDF");
-    env.viewerWorks = false;  // a viewer failure is not reported
+    env.viewerWorks = false;
     inFolder(tmp.path(), [&] { openHelp(session); });
-    EXPECT_TRUE(prompter.shown.empty());
     EXPECT_EQ(env.opened,
-              (std::vector<std::filesystem::path>{"tallix2026.xml", "tallix_help.pdf"}));
+              (std::vector<std::filesystem::path>{session.filePath, "tallix_help.pdf"}));
+    ASSERT_EQ(prompter.shown.size(), 1u);
+    EXPECT_NE(prompter.shown[0].find((tmp / "tallix_help.pdf").string()), std::string::npos);
 }
 
-TEST_F(BackupsTest, SaveDataFileWritesNothing) {
-    prompter.files = {tmp / "copy.xml"};
-    std::string before = readFile(session.filePath);
-    offerSaveDataFile(session);
-    EXPECT_TRUE(prompter.files.empty());
-    EXPECT_FALSE(std::filesystem::exists(tmp / "copy.xml"));
+TEST_F(BackupsTest, SaveDataFileExportsACopyButNeverIntoTheDataFolder) {
+    const std::string before = readFile(session.filePath);
+    prompter.files = {tmp / "copy.xml", session.dataFolder() / "tallix2027.xml", std::nullopt};
+    EXPECT_EQ(offerSaveDataFile(session), tmp / "copy.xml");
+    EXPECT_EQ(readFile(tmp / "copy.xml"), before);
+    EXPECT_EQ(offerSaveDataFile(session), std::nullopt);
+    EXPECT_EQ(prompter.shown, std::vector<std::string>{kExportIntoDataFolder});
+    EXPECT_FALSE(std::filesystem::exists(session.dataFolder() / "tallix2027.xml"));
+    EXPECT_EQ(offerSaveDataFile(session), std::nullopt);
     EXPECT_EQ(readFile(session.filePath), before);
 }
 

@@ -64,7 +64,10 @@ TEST_F(RegisterCommands, ShowPrintsTheTitlesAndEveryRowAndSavesTheFile) {
     EXPECT_EQ(lines[1],
               " \tTue\t31\t1\tGroceries\t25.00\t \tLiving\tposted\tCorner Market\tcreditcards\t"
               "Visa\t \t237.60\t543.20\t \t5070.30\t145.50\t95.55\t \taccumulate\tcredit card");
-    EXPECT_EQ(lines[19], " \t \t \t \t \t \t \t \t \t \t \t \t \t0\t0\t \t0\t \t \t \t \t ");
+    // The starting row shows the values the month started from.
+    EXPECT_EQ(lines[19],
+              " \t \t \t \t \t \t \t \t \t \t \t \t \t1000.00\t1200.50\t \t5000.25\t300.10\t"
+              "50.00\t \t \t ");
     EXPECT_EQ(err,
               "Institution not found on line 5\n"
               "Your to and from account for a move or transfer are the same for line 5 Correct "

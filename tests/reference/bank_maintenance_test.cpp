@@ -64,6 +64,9 @@ TEST(BankMaintenance, TheBoxesDecideTheColumnsOfANewBankAndOfANewAccountDifferen
         EXPECT_EQ(year.fileBytes(), bytes);
         ASSERT_TRUE(apply());
         EXPECT_EQ(year.prompter.shown, Texts(2, kTypoQuestion));
+        EXPECT_EQ(year.session().history.nextLabel(),
+                  path == AccountPath::NewBank ? "Add bank Harbor Savings"
+                                               : "Add account Holiday Fund to Credit Union");
         year.reopen();
         const AccountView account =
             bankTree(year.data()).at(path == AccountPath::NewBank ? 2 : 1).accounts.back();
@@ -119,6 +122,7 @@ TEST(BankMaintenance, RenamesReachEveryPlaceAndTheBalancesStayTheSame) {
     EXPECT_EQ(replaced(replaced(year.grid(3), name, "First National"), "Nest Egg", "Savings"),
               before);
 
+    EXPECT_EQ(renameBank(year.session(), year.prompter, name, " " + name), 0);  // no question
     year.prompter.answers = {Answer::No};
     EXPECT_EQ(renameBank(year.session(), year.prompter, name, "Other"), std::nullopt);
     EXPECT_EQ(bankTree(year.data()).front().name, name);
@@ -186,6 +190,8 @@ TEST(BankMaintenance, AStartingBalanceMovesEveryMonthByTheDifference) {
     EXPECT_EQ(cardList(year.data()).front().dueDay, "9");
     setColumnWidth(year.session(), "Visa", "20");
     EXPECT_EQ(columnAtGridPosition(year.data(), 19)->width, "20");
+    EXPECT_EQ(columnAtGridPosition(year.data(), 1)->key, "DAY");
+    EXPECT_EQ(columnAtGridPosition(year.data(), 0), std::nullopt);
 }
 
 TEST(BankMaintenance, ARefusedValueLeavesTheFileAsItWas) {
@@ -221,6 +227,7 @@ TEST(BankMaintenance, ARefusedValueLeavesTheFileAsItWas) {
         {[](S& s, P&) { setAccountColumnTitle(s, "First National", "Savings", BalanceGroupKind::Register, "Sv"); },
          "has no register column"},
         {[](S& s, P&) { setColumnWidth(s, "Visa", "0"); }, "not a whole number from 1"},
+        {[](S& s, P&) { setColumnWidth(s, "Visa", "12.5"); }, "\"12.5\" is not a whole number"},
     };
     // clang-format on
     for (const auto& [operation, message] : refusals) {

@@ -132,13 +132,13 @@ const Variation kVariations[] = {
     {"AnEmptyStartingValueCountsAsZero",
      [](YearFile& y) { setChildText(bankGroup(y, "Harbor Bank", 1), 3, ""); },
      [](YearFile& y) {
-         EXPECT_EQ(y.cell(17, col::kCkRegister), "0.000000");
+         EXPECT_EQ(y.cell(17, col::kCkRegister), "0.00");
          EXPECT_EQ(y.cell(16, col::kCkRegister), "-800.00");
      }},
     {"AColumnNoLineChangedClosesInThePlainForm",
      [](YearFile& y) { setChildText(marchLine(y, 9), 8, "Visa"); },  // Fuel off the Amex
      [](YearFile& y) {
-         EXPECT_EQ(y.cell(0, col::kAmex), "50.000000");
+         EXPECT_EQ(y.cell(0, col::kAmex), "50.00");
          EXPECT_EQ(childText(card(y, "Amex"), 8), "50.00");
      }},
     {"AnUnreadableAmountEndsTheRun", [](YearFile& y) { setChildText(marchLine(y, 16), 2, "abc"); },

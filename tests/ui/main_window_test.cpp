@@ -8,12 +8,15 @@
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTableWidget>
+#include <QTimer>
 #include <QToolButton>
 #include <string>
 
 #include "app/backups.h"
 #include "app/next_year.h"
 #include "app/year_files.h"
+#include "data/query.h"
+#include "data/values.h"
 #include "register/cell_colours.h"
 #include "reports/reports.h"
 #include "ui/nextyear_dlg.h"
@@ -132,15 +135,19 @@ TEST_F(MainWindowTest, AMonthWithoutLinesIsRefusedAndTheGridKeepsItsMonth) {
     EXPECT_EQ(session.month, 11);
 }
 
-TEST_F(MainWindowTest, UpdateAllMonthsLeavesDecemberDisplayedAndNovembersButtonPressed) {
+TEST_F(MainWindowTest, UpdateAllMonthsLeavesDecemberDisplayedWithItsButtonPressed) {
     start();
     item(3, "Update all months")->trigger();
     EXPECT_TRUE(prompter.shown.empty());
     EXPECT_EQ(window.windowTitle(), "December 2026");
     EXPECT_EQ(window.gridModel()->rowCount(), linesOf("December") + 1);
     EXPECT_FALSE(isBlankCell(cell(0, 13)));  // November's closing carried in
-    EXPECT_EQ(window.monthButtons()->pressed(), 11);
-    EXPECT_EQ(monthFace(12), ui::MonthButtons::kFace);
+    // The starting row shows where December starts, as an amount.
+    const std::string start = cell(window.gridModel()->rowCount() - 1, 13);
+    EXPECT_EQ(amountToText(textToAmount(start)), start);
+    EXPECT_EQ(window.monthButtons()->pressed(), 12);
+    EXPECT_EQ(monthFace(12), ui::MonthButtons::kPressedFace);
+    EXPECT_EQ(monthFace(11), ui::MonthButtons::kFace);
 }
 
 TEST_F(MainWindowTest, RefreshFromTheMenuOrTheButtonShowsTheFileAsItIsOnDisk) {
@@ -211,24 +218,32 @@ TEST_F(MainWindowTest, TheMenusHoldEveryCommandAndTheUnbuiltOnesSaySo) {
     EXPECT_EQ(itemTexts(window.customersMenu()),
               (QStringList{"Maple Street Bakery", "Riverside Garden Club"}));
 
-    // Every command that is not built yet says so, and neither they, a
-    // customer nor Save data file changes anything.
+    // Every command that is not built yet says so, and neither they nor a
+    // customer change anything; Save data file writes a copy elsewhere.
     const std::string before = readFile(session.filePath);
-    const QStringList built = {"Expense",        "Category",
-                               "Refresh",        "Recurring expenses",
-                               "Make next year", "Update all months"};
+    const QStringList built = {"Expense",
+                               "Category",
+                               "Bank or Institution",
+                               "Credit Card",
+                               "New Bank or Institution",
+                               "New Bank Account",
+                               "New Credit Card",
+                               "Refresh",
+                               "Recurring expenses",
+                               "Make next year",
+                               "Update all months"};
     for (int m : {2, 3})
         for (QAction* a : menu(m)->actions())
             if (!a->menu() && !built.contains(a->text()))
                 a->trigger();
-    EXPECT_EQ(prompter.shown.size(), 6u);
+    EXPECT_EQ(prompter.shown.size(), 4u);
     EXPECT_EQ(prompter.shown[0], "\"Income\" is not available yet in this version of Tallix.");
     window.customersMenu()->actions()[1]->trigger();
     prompter.files = {tmp / "chosen.xml"};
     menu(6)->actions()[0]->trigger();
     EXPECT_TRUE(prompter.files.empty());
-    EXPECT_FALSE(std::filesystem::exists(tmp / "chosen.xml"));
-    EXPECT_EQ(prompter.shown.size(), 6u);
+    EXPECT_EQ(readFile(tmp / "chosen.xml"), before);
+    EXPECT_EQ(prompter.shown.size(), 4u);
     EXPECT_EQ(readFile(session.filePath), before);
 }
 
@@ -317,6 +332,26 @@ TEST_F(MainWindowTest, MakeNextYearOffersTheNextNameAndRefusesTheCurrentOne) {
     EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix2027.xml"));
     EXPECT_EQ(session.fileName, "tallix2027.xml");
     EXPECT_EQ(session.year, 2027);
+}
+
+TEST_F(MainWindowTest, MakeNextYearOpensJanuaryOfTheNewYearAndSaysSo) {
+    start();
+    prompter.shown.clear();
+    QTimer::singleShot(0, [] {
+        auto* dialog = qobject_cast<ui::CNextyearDlg*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        QTest::mouseClick(dialog->createButton(), Qt::LeftButton);
+    });
+    item(3, "Make next year")->trigger();
+    EXPECT_EQ(window.windowTitle(), "January 2027");
+    EXPECT_EQ(window.monthButtons()->pressed(), 1);
+    EXPECT_EQ(monthFace(1), ui::MonthButtons::kPressedFace);
+    ASSERT_FALSE(prompter.shown.empty());
+    EXPECT_EQ(prompter.shown.back().rfind(ui::kNewYearOpened + std::string("2027 is open"), 0), 0u);
+    // January starts from the closings carried over from December.
+    const pugi::xml_node group = childAt(
+        childAt(requireOne(session.data.node(), paths::kInstitutionName, "First National"), 0), 1);
+    EXPECT_EQ(cell(window.gridModel()->rowCount() - 1, 13), childText(group, 1));
 }
 
 }  // namespace

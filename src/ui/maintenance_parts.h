@@ -25,6 +25,8 @@ class CoreCalls {
     // False when the call did not finish.
     bool run(const std::function<void()>& call);
     void rethrowFailure() const;
+    // A failure other than a refusal closed the dialog.
+    bool failed() const { return failure_ != nullptr; }
 
   private:
     QDialog* dialog_;

@@ -155,7 +155,9 @@ void CDescriptionDlg::deleteSelected() {
 void CDescriptionDlg::rename(const QString& oldText, const QString& newText) {
     const bool renamed = calls_.run(
         [&] { renameDescription(*session_, oldText.toStdString(), newText.toStdString()); });
-    fillList(renamed ? trimmedText(newText.toStdString()) : oldText.toStdString());
+    // A refused edit shows the old text again.
+    if (!calls_.failed())
+        fillList(renamed ? trimmedText(newText.toStdString()) : oldText.toStdString());
 }
 
 }  // namespace tallix::ui

@@ -253,7 +253,9 @@ void CDialogrmd::commitLabel(const RmdPlace& place, int column, const QString& t
         calls_.run([&] { editRmdLabel(session_, place, text.toStdString()); }) &&
         place.level == RmdLevel::Individual && select.individual == place.individual)
         select.individual = trimmedText(text.toStdString());
-    fillTree(select);
+    // A refused edit shows the old label again.
+    if (!calls_.failed())
+        fillTree(select);
 }
 
 }  // namespace tallix::ui

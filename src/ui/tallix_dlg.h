@@ -67,6 +67,10 @@ class CTallixDlg : public QDialog {
     void OnBankAddbank();
     void OnNewBankaccount();
     void OnCreditcardAdd();
+    // Manage > RMD, and Manage > Description with its picture button: the
+    // dialog, then the month again (its balances read the RMD records).
+    void OnManageRmd();
+    void OnManageDescription();
     // A double click on a column header of the grid: the width dialog for
     // that column, then the month again with the new width.
     void OnColumnWidth(int gridColumn);

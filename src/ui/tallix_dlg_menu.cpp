@@ -14,16 +14,18 @@
 #include "ui/category_dlg.h"
 #include "ui/column_dlg.h"
 #include "ui/credit_cards_dlg.h"
+#include "ui/description_dlg.h"
 #include "ui/expense_dlg.h"
 #include "ui/picture_buttons.h"
 #include "ui/register_grid.h"
+#include "ui/rmd_dlg.h"
 #include "ui/tallix_dlg.h"
 
 namespace tallix::ui {
 namespace {
 
 // Commands whose dialogs and engines come in later versions.
-constexpr const char* kManageItemsNotYet[] = {"Description", "RMD", "Receivables"};
+constexpr const char* kManageItemsNotYet[] = {"Receivables"};
 constexpr const char* kReportItems[] = {"Expense Year to date totals", "Monthly expense totals",
                                         "Monthly Receivable Totals ",
                                         "Receivable Year to date totals"};
@@ -59,6 +61,8 @@ void CTallixDlg::buildMenus() {
     manage->addAction(QStringLiteral("New Bank or Institution"), this, &CTallixDlg::OnBankAddbank);
     manage->addAction(QStringLiteral("New Bank Account"), this, &CTallixDlg::OnNewBankaccount);
     manage->addAction(QStringLiteral("New Credit Card"), this, &CTallixDlg::OnCreditcardAdd);
+    manage->addAction(QStringLiteral("Description"), this, &CTallixDlg::OnManageDescription);
+    manage->addAction(QStringLiteral("RMD"), this, &CTallixDlg::OnManageRmd);
     for (const char* item : kManageItemsNotYet)
         notYet(manage, QString::fromLatin1(item));
 
@@ -127,6 +131,8 @@ void CTallixDlg::connectPictureButtons() {
             OnManageBank();
         else if (task == PictureButtons::kCreditCard)
             OnManageCreditCard();
+        else if (task == PictureButtons::kDescription)
+            OnManageDescription();
         else
             showNotAvailable(QString::fromLatin1(kTaskNames[task]));
     });
@@ -204,6 +210,14 @@ void CTallixDlg::OnNewBankaccount() {
 void CTallixDlg::OnCreditcardAdd() {
     runMaintenance(
         [this] { runPlanDialog<CDialogCreditCards>(session_, this, "OnCreditcardAdd", true); });
+}
+
+void CTallixDlg::OnManageRmd() {
+    runMaintenance([this] { runPlanDialog<CDialogrmd>(session_, this, "editRmd"); });
+}
+
+void CTallixDlg::OnManageDescription() {
+    runMaintenance([this] { runPlanDialog<CDescriptionDlg>(session_, this, "editDescription"); });
 }
 
 void CTallixDlg::OnColumnWidth(int gridColumn) {

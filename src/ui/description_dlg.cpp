@@ -69,7 +69,7 @@ CDescriptionDlg::CDescriptionDlg(Session& session, QWidget* parent)
     connect(deleteButton_, &QPushButton::clicked, this, &CDescriptionDlg::deleteSelected);
     connect(delete_, &QAction::triggered, this, &CDescriptionDlg::deleteSelected);
     connect(cancel_, &QPushButton::clicked, this, &QDialog::reject);
-    connect(list_, &QListWidget::currentItemChanged, this, &CDescriptionDlg::enableDelete);
+    connect(list_, &QListWidget::itemSelectionChanged, this, &CDescriptionDlg::enableDelete);
     onLabelEdited(list_, filling_, [this](const QModelIndex& edited) {
         return [this, oldText = edited.data(kTextRole).toString(),
                 newText = edited.data().toString()] { rename(oldText, newText); };
@@ -130,7 +130,7 @@ void CDescriptionDlg::fillList(const std::string& selected) {
 }
 
 void CDescriptionDlg::enableDelete() {
-    const bool selected = list_->currentItem() != nullptr;
+    const bool selected = !list_->selectedItems().isEmpty();
     deleteButton_->setEnabled(selected);
     delete_->setEnabled(selected);
 }
@@ -144,10 +144,10 @@ void CDescriptionDlg::apply() {
 }
 
 void CDescriptionDlg::deleteSelected() {
-    const QListWidgetItem* item = list_->currentItem();
-    if (!item)
+    const QList<QListWidgetItem*> selected = list_->selectedItems();
+    if (selected.isEmpty())
         return;
-    const std::string text = item->data(kTextRole).toString().toStdString();
+    const std::string text = selected.front()->data(kTextRole).toString().toStdString();
     if (calls_.run([&] { deleteDescription(*session_, text); }))
         fillList({});
 }

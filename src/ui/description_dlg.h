@@ -56,7 +56,8 @@ class CDescriptionDlg : public QDialog {
     void build(const QString& firstText, const QString& cancelText);
     void finish(const QString& answer, bool accepted);
     void fillList(const std::string& selected);
-    // DELETE and "Delete" need a selected description.
+    // DELETE and "Delete" need a selected description (the current item
+    // alone, which a list given the focus gets, is not enough).
     void enableDelete();
     void apply();
     void deleteSelected();

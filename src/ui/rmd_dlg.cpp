@@ -97,13 +97,13 @@ CDialogrmd::CDialogrmd(Session& session, QWidget* parent)
          [this](const RmdPlace& at) {
              addRmdName(session_, at);
              // The individual's names, less its totals: the new name's place.
-             const int added = tree_->currentItem()->parent()->childCount() - 1;
+             const int added = selectedItem()->parent()->childCount() - 1;
              return RmdPlace{RmdLevel::Name, at.individual, added};
          }},
         {"ADD AN ACCOUNT",
          [this](const RmdPlace& at) {
              addRmdAccount(session_, at);
-             const int added = tree_->currentItem()->childCount();
+             const int added = selectedItem()->childCount();
              return RmdPlace{RmdLevel::Account, at.individual, at.name, added};
          }},
         {"DELETE ACCOUNT",
@@ -133,8 +133,7 @@ CDialogrmd::CDialogrmd(Session& session, QWidget* parent)
     for (const auto& [text, call] : changes)
         connect(addButton(text), &QPushButton::clicked, this, [this, call] { change(call); });
     column->addSpacing(16);
-    connect(addButton("EDIT"), &QPushButton::clicked, this,
-            [this] { startEdit(tree_->currentItem()); });
+    connect(addButton("EDIT"), &QPushButton::clicked, this, [this] { startEdit(selectedItem()); });
     // SAVE EDIT leaves the focus in the open editor and commits it itself.
     QPushButton* saveEdit = addButton("SAVE EDIT");
     saveEdit->setFocusPolicy(Qt::NoFocus);
@@ -218,8 +217,13 @@ void CDialogrmd::fillTree(const RmdPlace& selected) {
     filling_ = false;
 }
 
+QTreeWidgetItem* CDialogrmd::selectedItem() const {
+    const QList<QTreeWidgetItem*> selected = tree_->selectedItems();
+    return selected.isEmpty() ? nullptr : selected.front();
+}
+
 RmdPlace CDialogrmd::selectedPlace() const {
-    return placeAt(tree_->currentIndex());
+    return placeAt(tree_->indexFromItem(selectedItem()));
 }
 
 void CDialogrmd::change(const std::function<RmdPlace(const RmdPlace&)>& call) {
@@ -240,7 +244,7 @@ void CDialogrmd::saveEdit() {
     const int column = editableColumn(selectedPlace().level);
     if (column < 0)
         return;
-    if (QWidget* editor = tree_->indexWidget(tree_->currentIndex().siblingAtColumn(column))) {
+    if (QWidget* editor = tree_->indexWidget(tree_->indexFromItem(selectedItem(), column))) {
         emit tree_->itemDelegate()->commitData(editor);
         emit tree_->itemDelegate()->closeEditor(editor);
     }

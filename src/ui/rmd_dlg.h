@@ -38,6 +38,9 @@ class CDialogrmd : public QDialog {
     QTreeWidgetItem* addItem(QTreeWidgetItem* parent, const QString& label, const QString& value,
                              const RmdPlace& place);
     void addValues(QTreeWidgetItem* parent, const RmdValues& values, RmdPlace place);
+    // The item the buttons work on: the selected one (the current item
+    // alone, which a tree given the focus gets, is not enough).
+    QTreeWidgetItem* selectedItem() const;
     RmdPlace selectedPlace() const;
     // Runs a change at the selected place; it returns the place to select in
     // the tree shown again.

@@ -26,8 +26,9 @@ struct UsageError : std::invalid_argument {
 };
 
 // The commands that write a file (show, update-all, next-year, expense,
-// category, bank, account, card) first take the lock a Tallix window holds on its data folder, on
-// the folder of the file they write; while a window (or another tallix-cli) holds it they print the
+// category, bank, account, card, income, customer) first take the lock a
+// Tallix window holds on its data folder, on the folder of the file they
+// write; while a window (or another tallix-cli) holds it they print the
 // window's own refusal on standard error and return kFailed.
 
 struct Command {
@@ -40,6 +41,11 @@ struct Command {
 // check FILE: one line per structural fault on `out`; kFaultsFound when there
 // is any, kOk otherwise; kUsage for anything but one FILE.
 int runCheck(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// find FILE TEXT: Edit > Find; prints a title line and one tab-separated
+// line per line found (month, day, line, expense, amount, status), and the
+// count on `err`. Reads only. kFaultsFound when nothing is found.
+int runFind(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
 // show FILE MONTH [--today YYYY-MM-DD]: shows MONTH (1-12 or its English
 // name) as its month button does and prints the grid's column titles and
@@ -84,5 +90,15 @@ int runAccount(const Arguments& arguments, std::ostream& out, std::ostream& err)
 // card add|rename|delete FILE ...: the credit card dialog's operations, the
 // same way.
 int runCard(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// income set|add|delete FILE ...: the income dialog's SAVE EDIT VALUES (the
+// dates of the automatic types worked out for the year of FILE's name
+// tallixYYYY.xml, today's for another name, or --year), SAVE NEW INCOME and
+// delete, the same way; set prints the twelve dates the source then holds.
+int runIncome(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// customer add|delete FILE ...: the receivables dialog's SAVE THE NEW
+// CUSTOMER and delete, the same way.
+int runCustomer(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
 }  // namespace tallix::cli

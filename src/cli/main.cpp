@@ -12,11 +12,16 @@ namespace {
 
 using tallix::cli::Command;
 
-constexpr std::array<Command, 10> kCommands = {{
+constexpr std::array<Command, 13> kCommands = {{
     {"check", "FILE",
      "report what a year data file or the index file lacks or holds out of shape, one line "
      "per fault; exit status 1 when there is any",
      tallix::cli::runCheck},
+    {"find", "FILE TEXT",
+     "list the lines of the year that hold TEXT in their expense, description, check number "
+     "or category (letters in any case), or whose amount TEXT is; tab-separated month, day, "
+     "line, expense, amount and status; exit status 1 when nothing is found",
+     tallix::cli::runFind},
     {"show", "FILE MONTH [--today YYYY-MM-DD]",
      "show MONTH (1-12 or its name) as its month button does and print the grid: the column "
      "titles, then one line per row, cells joined by a tab; notices go to standard error",
@@ -79,6 +84,23 @@ constexpr std::array<Command, 10> kCommands = {{
      "and every place naming it; delete a card, its column and the expense named after it. "
      "Prints what changed; exit status 1 as for bank",
      tallix::cli::runCard},
+    {"income",
+     "set FILE NAME [--name NEW] [--bank B] [--account A]\n"
+     "                [--type \"auto day\"|\"auto date\"|posted] [--day D] [--number N]\n"
+     "                [--amount R] [--year YYYY]\n"
+     "  income add FILE NAME --like SOURCE [--bank B] [--account A] [--amount R]\n"
+     "  income delete FILE NAME",
+     "save an income source's values, the options not given kept as they are: for \"auto "
+     "date\" D is the day of the month, for \"auto day\" a weekday and N which one of the "
+     "month (1-5); the twelve dates are worked out for YYYY (default: the year of a FILE named "
+     "tallixYYYY.xml, else today's) and printed. Add a source before SOURCE, copied from it; "
+     "delete a source. Exit status 1 when a name is not found or taken or a value is refused",
+     tallix::cli::runIncome},
+    {"customer", "add FILE NAME --like CUSTOMER [--number N]\n  customer delete FILE NAME",
+     "add a customer before CUSTOMER, copied from it with its institution, account, "
+     "repeating amount and (unless N is given) number, each month's items cut down as the "
+     "receivables dialog does; delete a customer. Exit status 1 as for income",
+     tallix::cli::runCustomer},
 }};
 
 void printUsage(std::ostream& to) {

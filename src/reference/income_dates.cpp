@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "data/schema_names.h"
 #include "data/values.h"
 #include "reference/plan_input.h"
 
@@ -42,7 +43,7 @@ std::string dateText(int month, int day, int year) {
 }  // namespace
 
 void checkSchedule(const IncomeSchedule& schedule) {
-    if (schedule.type == kPosted)
+    if (schedule.type == kPosted || schema::isTransferKind(schedule.type))
         return;
     if (schedule.type == kAutoDate) {
         checkedDay("DAY/DATE", schedule.dayOrDate);
@@ -51,7 +52,8 @@ void checkSchedule(const IncomeSchedule& schedule) {
         return;
     }
     if (schedule.type != kAutoDay)
-        throw PlanRefusal("TYPE \"" + schedule.type + "\" is not auto day, auto date or posted");
+        throw PlanRefusal("TYPE \"" + schedule.type +
+                          "\" is not auto day, auto date, posted, transfer or move");
     if (weekdayIndex(schedule.dayOrDate) < 0)
         throw PlanRefusal("DAY/DATE \"" + schedule.dayOrDate +
                           "\" is not a weekday (Sunday to Saturday)");

@@ -19,10 +19,12 @@ struct IncomeSchedule {
     std::string dayNumber;  // "auto day": which one of the month, 1-5
 };
 
-// Refuses (PlanRefusal) a type other than the three, and for the two
-// automatic types a DAY/DATE or DAY NUMBER they cannot use: a day outside
-// 1-31, a name that is not a weekday, a number outside 1-5. A "posted"
-// source keeps whatever the two fields hold.
+// Refuses (PlanRefusal) a type other than the three and the transfer kinds
+// ("transfer", "move", which income sources that move money between the
+// household's accounts have), and for the two automatic types a DAY/DATE or
+// DAY NUMBER they cannot use: a day outside 1-31, a name that is not a
+// weekday, a number outside 1-5. The other types keep whatever the two
+// fields hold, and get no worked-out dates.
 void checkSchedule(const IncomeSchedule& schedule);
 
 // The date (M/D/YYYY) the source arrives on in month `month` (1-12) of

@@ -9,6 +9,7 @@
 // wrong one with the dialog's own message (PlanRefusal); every change is
 // one step Edit > Undo can take back, saved at once.
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <pugixml.hpp>
@@ -24,11 +25,20 @@ enum class RmdLevel { None, Individual, Name, Account, Value, Totals };
 // their like (from 0), and the value (1 last year's balance, 2 rmd amount,
 // 3 current draw).
 struct RmdPlace {
-    RmdLevel level = RmdLevel::None;
+    // A place names as much as its level needs: {Name, "Pat", 0}.
+    RmdPlace(RmdLevel atLevel = RmdLevel::None, std::string ofIndividual = {}, int nameAt = -1,
+             int accountAt = -1, int valueAt = -1)
+        : level(atLevel),
+          individual(std::move(ofIndividual)),
+          name(nameAt),
+          account(accountAt),
+          value(valueAt) {}
+
+    RmdLevel level;
     std::string individual;
-    int name = -1;
-    int account = -1;
-    int value = -1;
+    int name;
+    int account;
+    int value;
 };
 
 // ADD INDIVIDUAL (an individual selected; allowed with nothing selected

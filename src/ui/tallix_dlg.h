@@ -13,6 +13,7 @@ class Session;
 
 namespace tallix::ui {
 
+class CFindDlg;
 class GridModel;
 class MonthButtons;
 class PictureButtons;
@@ -77,6 +78,11 @@ class CTallixDlg : public QDialog {
     // Edit > Undo: takes back the last change of the plan, then shows the
     // month again.
     void OnEditUndo();
+    // Edit > Find (Ctrl+F): the find window, kept open beside the grid.
+    void OnEditFind();
+    // Shows month `month` with line `line` (from 1) selected.
+    void showLine(int month, int line);
+    CFindDlg* findDialog() const { return findDialog_; }
 
     QMenuBar* menuBar() const { return menuBar_; }
     QMenu* customersMenu() const { return customersMenu_; }
@@ -124,6 +130,7 @@ class CTallixDlg : public QDialog {
     QTableView* grid_ = nullptr;
     GridModel* gridModel_ = nullptr;
     RegisterGrid* registerGrid_ = nullptr;
+    CFindDlg* findDialog_ = nullptr;
 };
 
 }  // namespace tallix::ui

@@ -10,6 +10,7 @@
 #include <QStyle>
 #include <QTableView>
 
+#include "app/guard.h"
 #include "app/session.h"
 #include "register/month_display.h"
 #include "ui/grid_model.h"
@@ -124,6 +125,17 @@ void CTallixDlg::OnToolsUpdateallmonths() {
     if (session_.view.lineCount == 0)
         session_.view.table.clear();
     showDisplayedMonth();
+}
+
+void CTallixDlg::showLine(int month, int line) {
+    guarded(session_.prompter(), "OnFindLine", [&] {
+        session_.month = month;
+        session_.view.rememberedRow = line - 1;
+        if (!displayMonth(session_, std::to_string(month)))
+            return;
+        showDisplayedMonth();
+        grid_->setCurrentIndex(gridModel_->index(line - 1, session_.view.fields.expense));
+    });
 }
 
 }  // namespace tallix::ui

@@ -16,6 +16,7 @@
 #include "ui/credit_cards_dlg.h"
 #include "ui/description_dlg.h"
 #include "ui/expense_dlg.h"
+#include "ui/find_dlg.h"
 #include "ui/picture_buttons.h"
 #include "ui/register_grid.h"
 #include "ui/rmd_dlg.h"
@@ -50,6 +51,9 @@ void CTallixDlg::buildMenus() {
     QMenu* edit = menuBar_->addMenu(QStringLiteral("Edit"));
     undoAction_ = edit->addAction(QStringLiteral("Undo"), this, &CTallixDlg::OnEditUndo);
     connect(edit, &QMenu::aboutToShow, this, &CTallixDlg::updateUndoAction);
+    QAction* find = edit->addAction(QStringLiteral("Find"), this, &CTallixDlg::OnEditFind);
+    find->setShortcut(QKeySequence::Find);
+    addAction(find);  // Ctrl+F works while the menu is closed
     updateUndoAction();
 
     QMenu* manage = menuBar_->addMenu(QStringLiteral("Manage"));
@@ -228,6 +232,16 @@ void CTallixDlg::OnColumnWidth(int gridColumn) {
     if (!column)
         return;
     runMaintenance([&] { runPlanDialog<CColumnDlg>(session_, this, "OnColumnWidth", *column); });
+}
+
+void CTallixDlg::OnEditFind() {
+    if (!findDialog_) {
+        findDialog_ = new CFindDlg(session_, this);
+        connect(findDialog_, &CFindDlg::lineChosen, this, &CTallixDlg::showLine);
+    }
+    findDialog_->show();
+    findDialog_->raise();
+    findDialog_->activateWindow();
 }
 
 void CTallixDlg::OnEditUndo() {

@@ -50,6 +50,8 @@ TEST(IncomeDates, AutoDayIsTheNthWeekdayOfEveryMonthWhateverDayItStartsOn) {
     EXPECT_EQ(incomeDate({kAutoDate, "31", ""}, 4, 2026), "4/30/2026");
     EXPECT_EQ(incomeDate({kAutoDate, "31", ""}, 2, 2028), "2/29/2028");
     EXPECT_EQ(incomeDate({kPosted, "Friday", "2"}, 5, 2026), std::nullopt);
+    EXPECT_NO_THROW(checkSchedule({kAutoDay, "Sunday", "1"}));
+    EXPECT_NO_THROW(checkSchedule({"transfer", "0", "0"}));
 }
 
 TEST(IncomeMaintenance, SavedValuesDateEveryMonthAndANewSourceCopiesTheSelectedOne) {
@@ -180,6 +182,8 @@ TEST(IncomeMaintenance, ARefusedValueLeavesTheFileAsItWas) {
         {[](Session& s) { saveNewIncome(s, "Acme Payroll", " ", {}); }, "needs a name"},
         {[](Session& s) { applyIncomeMonth(s, "Acme Payroll", 3, {"1", "", "13/1/2026", "", ""}); },
          "DATE \"13/1/2026\" is not a date"},
+        {[](Session& s) { applyIncomeMonth(s, "Acme Payroll", 3, {"1", "", "3/1a/2026", "", ""}); },
+         "DATE \"3/1a/2026\" is not a date"},
         {[](Session& s) { saveNewCustomer(s, "Nobody", "X", {}); }, "Receivable not found on line Nobody"},
         {[](Session& s) { saveCustomerChanges(s, "Maple Street Bakery", "Riverside Garden Club", {}); },
          "already a customer named"},

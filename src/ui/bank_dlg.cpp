@@ -22,6 +22,7 @@
 #include "reference/bank_maintenance.h"
 #include "reference/bank_messages.h"
 #include "reference/plan_input.h"
+#include "ui/maintenance_parts.h"
 #include "ui/plan_dialog_parts.h"
 
 namespace tallix::ui {
@@ -107,7 +108,7 @@ void LabelTree::selectPath(const std::vector<int>& path) {
 }
 
 CBankdlg::CBankdlg(Session& session, Mode mode, QWidget* parent)
-    : QDialog(parent), session_(session) {
+    : QDialog(parent), session_(session), calls_(this, &session.prompter()) {
     setObjectName(QStringLiteral("bankDialog"));
     setWindowTitle(QString::fromLatin1(kBankDialogTitle));
     auto* layout = new QVBoxLayout(this);
@@ -217,8 +218,7 @@ void CBankdlg::buildFields(QWidget* panel) {
 }
 
 void CBankdlg::rethrowFailure() const {
-    if (failure_)
-        std::rethrow_exception(failure_);
+    calls_.rethrowFailure();
 }
 
 void CBankdlg::reload(const std::vector<int>& path) {
@@ -262,19 +262,6 @@ void CBankdlg::fillColumns() {
         columns_->addItem(qs(childTextOrEmpty(column, 0)));
 }
 
-bool CBankdlg::run(const std::function<void()>& call) {
-    try {
-        call();
-        return true;
-    } catch (const PlanRefusal& refusal) {
-        session_.prompter().notify(refusal.what());
-    } catch (...) {
-        failure_ = std::current_exception();
-        reject();
-    }
-    return false;
-}
-
 void CBankdlg::commitLabel(QTreeWidgetItem* item) {
     const auto kind = static_cast<ItemKind>(item->data(0, kKindRole).toInt());
     const std::string label = item->text(0).toStdString();
@@ -288,7 +275,7 @@ void CBankdlg::commitLabel(QTreeWidgetItem* item) {
         [=, this] {
             if (label != filled) {
                 Session& s = session_;
-                run([&] {
+                calls_.run([&] {
                     if (kind == kBankItem)
                         renameBank(s, s.prompter(), bank, label);
                     else if (kind == kAccountItem)
@@ -300,7 +287,7 @@ void CBankdlg::commitLabel(QTreeWidgetItem* item) {
                 });
             }
             // A refused or declined change shows the old label again.
-            if (!failure_)
+            if (!calls_.failed())
                 reload(path);
         },
         Qt::QueuedConnection);
@@ -319,7 +306,7 @@ void CBankdlg::deleteSelected() {
     const std::string account = roleText(item, kAccountRole);
     std::vector<int> path = LabelTree::pathOf(item);
     bool deleted = false;
-    run([&] {
+    calls_.run([&] {
         deleted = kind == kBankItem ? deleteBank(session_, session_.prompter(), bank)
                                     : deleteAccount(session_, session_.prompter(), bank, account);
     });
@@ -361,7 +348,7 @@ void CBankdlg::apply() {
         fields.bank = roleText(item, kBankRole);
     }
     bool added = false;
-    run([&] {
+    calls_.run([&] {
         added = adding_ == Mode::AddBank ? applyNewBank(session_, session_.prompter(), fields)
                                          : applyNewAccount(session_, session_.prompter(), fields);
     });

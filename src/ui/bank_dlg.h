@@ -1,10 +1,10 @@
 #pragma once
 #include <QDialog>
 #include <QTreeWidget>
-#include <exception>
-#include <functional>
 #include <string>
 #include <vector>
+
+#include "ui/maintenance_parts.h"
 
 class QAction;
 class QCheckBox;
@@ -83,10 +83,9 @@ class CBankdlg : public QDialog {
     void startAdding(bool account);
     void showFields(bool shown);
     void apply();
-    bool run(const std::function<void()>& call);
 
     Session& session_;
-    std::exception_ptr failure_;
+    CoreCalls calls_;
     bool filling_ = false;
     Mode adding_ = Mode::Edit;
 

@@ -12,6 +12,7 @@
 #include "reference/plan_input.h"
 #include "reference/plan_lists.h"
 #include "reference/plan_messages.h"
+#include "ui/maintenance_parts.h"
 #include "ui/plan_dialog_parts.h"
 
 namespace tallix::ui {
@@ -24,7 +25,8 @@ constexpr int kBeforeRole = Qt::UserRole + 1;
 
 }  // namespace
 
-CcategoryDlg::CcategoryDlg(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+CcategoryDlg::CcategoryDlg(Session& session, QWidget* parent)
+    : QDialog(parent), session_(session), calls_(this, &session.prompter()) {
     setObjectName(QStringLiteral("categoryDialog"));
     setWindowTitle(QString::fromLatin1(kCategoryDialogTitle));
     auto* layout = new QVBoxLayout(this);
@@ -49,16 +51,9 @@ CcategoryDlg::CcategoryDlg(Session& session, QWidget* parent) : QDialog(parent),
     connect(buttons.cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(delete_, &QAction::triggered, this, &CcategoryDlg::deleteSelected);
     connect(addNew_, &QAction::triggered, this, &CcategoryDlg::addNew);
-    // The core is called once the label's editor has closed: its questions
-    // and the tree filled again never run inside the editor's commit.
-    connect(tree_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) {
-        if (filling_)
-            return;
-        QMetaObject::invokeMethod(
-            this,
-            [this, label = item->text(0), name = item->data(0, kNameRole),
-             before = item->data(0, kBeforeRole)] { commitLabel(label, name, before); },
-            Qt::QueuedConnection);
+    onLabelEdited(tree_, filling_, [this](const QModelIndex& edited) {
+        return [this, label = edited.data().toString(), name = edited.data(kNameRole),
+                before = edited.data(kBeforeRole)] { commitLabel(label, name, before); };
     });
     // A new label left empty goes away again.
     connect(tree_->itemDelegate(), &QAbstractItemDelegate::closeEditor, this, [this] {
@@ -77,8 +72,7 @@ CcategoryDlg::CcategoryDlg(Session& session, QWidget* parent) : QDialog(parent),
 }
 
 void CcategoryDlg::rethrowFailure() const {
-    if (failure_)
-        std::rethrow_exception(failure_);
+    calls_.rethrowFailure();
 }
 
 void CcategoryDlg::fillTree(const std::string& selected) {
@@ -94,25 +88,13 @@ void CcategoryDlg::fillTree(const std::string& selected) {
     filling_ = false;
 }
 
-bool CcategoryDlg::run(const std::function<void()>& call) {
-    try {
-        call();
-        return true;
-    } catch (const PlanRefusal& refusal) {
-        session_.prompter().notify(refusal.what());
-    } catch (...) {
-        failure_ = std::current_exception();
-        reject();
-    }
-    return false;
-}
-
 void CcategoryDlg::commitLabel(const QString& text, const QVariant& name,
                                const QVariant& beforeName) {
     const std::string label = text.toStdString();
     if (!name.isValid()) {
         const std::string before = beforeName.toString().toStdString();
-        const bool added = run([&] { addCategory(session_, session_.prompter(), label, before); });
+        const bool added =
+            calls_.run([&] { addCategory(session_, session_.prompter(), label, before); });
         fillTree(added ? trimmedText(label) : before);
         return;
     }
@@ -120,7 +102,7 @@ void CcategoryDlg::commitLabel(const QString& text, const QVariant& name,
     if (label == oldName)
         return;
     std::optional<int> renamed;
-    run([&] { renamed = renameCategory(session_, session_.prompter(), oldName, label); });
+    calls_.run([&] { renamed = renameCategory(session_, session_.prompter(), oldName, label); });
     fillTree(renamed ? trimmedText(label) : oldName);
 }
 
@@ -148,7 +130,7 @@ void CcategoryDlg::deleteSelected() {
     }
     const std::string name = selected->data(0, kNameRole).toString().toStdString();
     bool deleted = false;
-    run([&] { deleted = deleteCategory(session_, session_.prompter(), name); });
+    calls_.run([&] { deleted = deleteCategory(session_, session_.prompter(), name); });
     if (deleted)
         fillTree({});
 }

@@ -1,9 +1,9 @@
 #pragma once
 #include <QDialog>
 #include <QString>
-#include <exception>
-#include <functional>
 #include <string>
+
+#include "ui/maintenance_parts.h"
 
 class QAction;
 class QVariant;
@@ -42,10 +42,9 @@ class CcategoryDlg : public QDialog {
     void commitLabel(const QString& label, const QVariant& name, const QVariant& before);
     void addNew();
     void deleteSelected();
-    bool run(const std::function<void()>& call);
 
     Session& session_;
-    std::exception_ptr failure_;
+    CoreCalls calls_;
     bool filling_ = false;
     QTreeWidget* tree_ = nullptr;
     QAction* delete_ = nullptr;

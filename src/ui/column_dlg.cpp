@@ -17,7 +17,10 @@
 namespace tallix::ui {
 
 CColumnDlg::CColumnDlg(Session& session, ColumnWidth column, QWidget* parent)
-    : QDialog(parent), session_(session), column_(std::move(column)) {
+    : QDialog(parent),
+      session_(session),
+      column_(std::move(column)),
+      calls_(this, &session.prompter()) {
     setObjectName(QStringLiteral("columnDialog"));
     setWindowTitle(QStringLiteral("Column width"));
     auto* layout = new QVBoxLayout(this);
@@ -50,20 +53,12 @@ CColumnDlg::CColumnDlg(Session& session, ColumnWidth column, QWidget* parent)
 }
 
 void CColumnDlg::rethrowFailure() const {
-    if (failure_)
-        std::rethrow_exception(failure_);
+    calls_.rethrowFailure();
 }
 
 void CColumnDlg::writeWidth() {
-    try {
-        setColumnWidth(session_, column_.key, width_->text().toStdString());
+    if (calls_.run([&] { setColumnWidth(session_, column_.key, width_->text().toStdString()); }))
         accept();
-    } catch (const PlanRefusal& refusal) {
-        session_.prompter().notify(refusal.what());
-    } catch (...) {
-        failure_ = std::current_exception();
-        reject();
-    }
 }
 
 }  // namespace tallix::ui

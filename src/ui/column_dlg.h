@@ -1,9 +1,9 @@
 #pragma once
 #include <QDialog>
-#include <exception>
 #include <string>
 
 #include "reference/column_definitions.h"
+#include "ui/maintenance_parts.h"
 
 class QLineEdit;
 class QPushButton;
@@ -33,7 +33,7 @@ class CColumnDlg : public QDialog {
 
     Session& session_;
     ColumnWidth column_;
-    std::exception_ptr failure_;
+    CoreCalls calls_;
     QLineEdit* width_ = nullptr;
     QPushButton* update_ = nullptr;
 };

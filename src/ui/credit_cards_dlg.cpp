@@ -14,6 +14,7 @@
 #include "reference/card_maintenance.h"
 #include "reference/plan_input.h"
 #include "ui/bank_dlg.h"
+#include "ui/maintenance_parts.h"
 #include "ui/plan_dialog_parts.h"
 
 namespace tallix::ui {
@@ -42,7 +43,7 @@ std::string text(const QLineEdit* edit) {
 }  // namespace
 
 CDialogCreditCards::CDialogCreditCards(Session& session, bool startWithAddNew, QWidget* parent)
-    : QDialog(parent), session_(session) {
+    : QDialog(parent), session_(session), calls_(this, &session.prompter()) {
     setObjectName(QStringLiteral("creditCardDialog"));
     setWindowTitle(QStringLiteral("Credit Card"));
     auto* layout = new QVBoxLayout(this);
@@ -113,8 +114,7 @@ CDialogCreditCards::CDialogCreditCards(Session& session, bool startWithAddNew, Q
 }
 
 void CDialogCreditCards::rethrowFailure() const {
-    if (failure_)
-        std::rethrow_exception(failure_);
+    calls_.rethrowFailure();
 }
 
 void CDialogCreditCards::fillTree(const std::vector<int>& path) {
@@ -140,19 +140,6 @@ void CDialogCreditCards::fillTree(const std::vector<int>& path) {
     tree_->selectPath(path);
 }
 
-bool CDialogCreditCards::run(const std::function<void()>& call) {
-    try {
-        call();
-        return true;
-    } catch (const PlanRefusal& refusal) {
-        session_.prompter().notify(refusal.what());
-    } catch (...) {
-        failure_ = std::current_exception();
-        reject();
-    }
-    return false;
-}
-
 void CDialogCreditCards::commitLabel(QTreeWidgetItem* item) {
     const std::string label = item->text(0).toStdString();
     const std::string filled = item->data(0, kFilledRole).toString().toStdString();
@@ -163,14 +150,14 @@ void CDialogCreditCards::commitLabel(QTreeWidgetItem* item) {
         this,
         [=, this] {
             if (label != filled)
-                run([&] {
+                calls_.run([&] {
                     if (field.isValid())
                         setCardField(session_, card, static_cast<CardField>(field.toInt()), label);
                     else
                         renameCard(session_, card, label);
                 });
             // A refused change shows the old label again.
-            if (!failure_)
+            if (!calls_.failed())
                 fillTree(path);
         },
         Qt::QueuedConnection);
@@ -183,7 +170,7 @@ void CDialogCreditCards::deleteSelected() {
         return;
     }
     const std::string card = item->data(0, kCardRole).toString().toStdString();
-    if (run([&] { deleteCard(session_, card); }))
+    if (calls_.run([&] { deleteCard(session_, card); }))
         fillTree({});
 }
 
@@ -200,7 +187,7 @@ void CDialogCreditCards::showFields(bool shown) {
 void CDialogCreditCards::save() {
     const NewCard card{text(name_), text(columnTitle_), text(lastYearClosing_), text(closingDay_),
                        text(dueDay_)};
-    if (!run([&] { addCard(session_, card); }))
+    if (!calls_.run([&] { addCard(session_, card); }))
         return;
     for (QLineEdit* edit : {name_, columnTitle_, lastYearClosing_, closingDay_, dueDay_})
         edit->clear();

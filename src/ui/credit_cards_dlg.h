@@ -1,9 +1,9 @@
 #pragma once
 #include <QDialog>
-#include <exception>
-#include <functional>
 #include <string>
 #include <vector>
+
+#include "ui/maintenance_parts.h"
 
 class QAction;
 class QLineEdit;
@@ -44,10 +44,9 @@ class CDialogCreditCards : public QDialog {
     void addNew();
     void save();
     void showFields(bool shown);
-    bool run(const std::function<void()>& call);
 
     Session& session_;
-    std::exception_ptr failure_;
+    CoreCalls calls_;
     bool filling_ = false;
 
     LabelTree* tree_ = nullptr;

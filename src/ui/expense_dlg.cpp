@@ -54,7 +54,8 @@ CExpenseDlg::CExpenseDlg(Session& session, QWidget* parent)
     : QDialog(parent),
       session_(&session),
       income_(false),
-      banks_(institutionChoices(session.data.node())) {
+      banks_(institutionChoices(session.data.node())),
+      calls_(this, &session.prompter()) {
     setWindowTitle(QStringLiteral("EDIT, ADD OR DELETE AN EXPENSE"));
     buildWindow();
     connect(tree_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* now) {
@@ -177,8 +178,7 @@ pugi::xml_node CExpenseDlg::data() const {
 }
 
 void CExpenseDlg::rethrowFailure() const {
-    if (failure_)
-        std::rethrow_exception(failure_);
+    calls_.rethrowFailure();
 }
 
 void CExpenseDlg::fillTree() {
@@ -278,7 +278,7 @@ void CExpenseDlg::onSelected(QTreeWidgetItem* item) {
         pendingMove_ = false;
         const std::string target = (item->parent() ? item->parent() : item)->text(0).toStdString();
         std::optional<int> moved;
-        if (!run([&] {
+        if (!calls_.run([&] {
                 moved = moveExpenseToCategory(*session_, session_->prompter(), expenseCategory_,
                                               expense_, target);
             }))
@@ -327,10 +327,6 @@ void CExpenseDlg::updateButtons() {
     moveTo_->setEnabled(expense && !adding);
 }
 
-bool CExpenseDlg::run(const std::function<void()>& call) {
-    return runPlanCall(session_->prompter(), this, failure_, call);
-}
-
 void CExpenseDlg::reload(const std::string& category, const std::string& expense) {
     const int row = months_->currentRow();
     filling_ = true;
@@ -371,7 +367,8 @@ void CExpenseDlg::addNew() {
 
 void CExpenseDlg::saveNew() {
     const std::string name = fieldText(name_);
-    if (run([&] { saveNewExpense(*session_, expenseCategory_, expense_, name, fields()); })) {
+    if (calls_.run(
+            [&] { saveNewExpense(*session_, expenseCategory_, expense_, name, fields()); })) {
         pick_ = {trimmedText(name), expenseCategory_};
         accept();
     }
@@ -382,7 +379,7 @@ void CExpenseDlg::saveChanges() {
         return;
     const std::string name = fieldText(name_);
     std::optional<int> saved;
-    if (!run([&] {
+    if (!calls_.run([&] {
             saved = saveExpenseChanges(*session_, session_->prompter(), expenseCategory_, expense_,
                                        name, fields());
         }) ||
@@ -396,7 +393,8 @@ void CExpenseDlg::deleteSelected() {
         session_->prompter().notify(kNoExpenseToDelete);
         return;
     }
-    if (run([&] { deleteExpense(*session_, session_->prompter(), expenseCategory_, expense_); })) {
+    if (calls_.run(
+            [&] { deleteExpense(*session_, session_->prompter(), expenseCategory_, expense_); })) {
         pick_ = ExpensePick{};
         accept();
     }
@@ -414,7 +412,7 @@ void CExpenseDlg::applyMonth(bool toAllMonths) {
     if (expense_.empty() || row < 1)
         return;
     const MonthValues values = month_.values();
-    if (run([&] {
+    if (calls_.run([&] {
             if (toAllMonths)
                 applyToAllMonths(*session_, expenseCategory_, expense_, row, values);
             else
@@ -425,7 +423,7 @@ void CExpenseDlg::applyMonth(bool toAllMonths) {
 
 void CExpenseDlg::move(bool up) {
     bool moved = false;
-    if (run([&] {
+    if (calls_.run([&] {
             moved = up ? moveExpenseUp(*session_, expenseCategory_, expense_)
                        : moveExpenseDown(*session_, expenseCategory_, expense_);
         }) &&

@@ -1,7 +1,5 @@
 #pragma once
 #include <QDialog>
-#include <exception>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,6 +10,7 @@
 #include "reference/expense_maintenance.h"
 #include "reference/expense_months.h"
 #include "reference/plan_lists.h"
+#include "ui/maintenance_parts.h"
 #include "ui/plan_dialog_parts.h"
 
 class QAction;
@@ -88,9 +87,6 @@ class CExpenseDlg : public QDialog {
     void saveChanges();
     void applyMonth(bool toAllMonths);
     void move(bool up);
-    // Runs one core call: a refusal is shown, any other failure closes the
-    // dialog. False when it did not finish.
-    bool run(const std::function<void()>& call);
     // The tree and the fields again from the document, the expense
     // `expense` of `category` selected when it is there.
     void reload(const std::string& category, const std::string& expense);
@@ -103,7 +99,7 @@ class CExpenseDlg : public QDialog {
     std::vector<InstitutionChoice> banks_;
     std::vector<IncomeSource> sources_;
     ExpensePick pick_;
-    std::exception_ptr failure_;
+    CoreCalls calls_{this, nullptr};
 
     std::string expense_, expenseCategory_;  // the selected expense ("" for none)
     bool pendingMove_ = false;

@@ -72,6 +72,10 @@ class CTallixDlg : public QDialog {
     void OnBankAddbank();
     void OnNewBankaccount();
     void OnCreditcardAdd();
+    // Manage > RMD, and Manage > Description with its picture button: the
+    // dialog, then the month again (its balances read the RMD records).
+    void OnManageRmd();
+    void OnManageDescription();
     // A double click on a column header of the grid: the width dialog for
     // that column, then the month again with the new width.
     void OnColumnWidth(int gridColumn);
@@ -99,7 +103,6 @@ class CTallixDlg : public QDialog {
   private:
     void buildMenus();
     void buildCustomersMenu();
-    void showNotAvailable(const QString& command);
     void connectPictureButtons();
     // "Undo <what>" from the session's history, disabled when there is none.
     void updateUndoAction();

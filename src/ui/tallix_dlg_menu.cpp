@@ -14,37 +14,26 @@
 #include "ui/category_dlg.h"
 #include "ui/column_dlg.h"
 #include "ui/credit_cards_dlg.h"
+#include "ui/description_dlg.h"
 #include "ui/expense_dlg.h"
 #include "ui/find_dlg.h"
 #include "ui/income_dlg.h"
 #include "ui/picture_buttons.h"
 #include "ui/receivables_dlg.h"
 #include "ui/register_grid.h"
+#include "ui/rmd_dlg.h"
 #include "ui/tallix_dlg.h"
 
 namespace tallix::ui {
 namespace {
 
-// Commands whose dialogs and engines come in later versions.
-constexpr const char* kManageItemsNotYet[] = {"Description", "RMD"};
 constexpr const char* kReportItems[] = {"Expense Year to date totals", "Monthly expense totals",
                                         "Monthly Receivable Totals ",
                                         "Receivable Year to date totals"};
 
 }  // namespace
 
-void CTallixDlg::showNotAvailable(const QString& command) {
-    session_.prompter().notify(
-        (QStringLiteral("\"%1\" is not available yet in this version of Tallix.")
-             .arg(command.trimmed()))
-            .toStdString());
-}
-
 void CTallixDlg::buildMenus() {
-    auto notYet = [this](QMenu* menu, const QString& text) {
-        menu->addAction(text, this, [this, text] { showNotAvailable(text); });
-    };
-
     QMenu* file = menuBar_->addMenu(QStringLiteral("File"));
     file->addAction(QStringLiteral("Exit"), this, &CTallixDlg::OnBnClickedCancel);
 
@@ -65,8 +54,8 @@ void CTallixDlg::buildMenus() {
     manage->addAction(QStringLiteral("New Bank or Institution"), this, &CTallixDlg::OnBankAddbank);
     manage->addAction(QStringLiteral("New Bank Account"), this, &CTallixDlg::OnNewBankaccount);
     manage->addAction(QStringLiteral("New Credit Card"), this, &CTallixDlg::OnCreditcardAdd);
-    for (const char* item : kManageItemsNotYet)
-        notYet(manage, QString::fromLatin1(item));
+    manage->addAction(QStringLiteral("Description"), this, &CTallixDlg::OnManageDescription);
+    manage->addAction(QStringLiteral("RMD"), this, &CTallixDlg::OnManageRmd);
     manage->addAction(QStringLiteral("Receivables"), this, &CTallixDlg::OnManageReceivables);
 
     QMenu* tools = menuBar_->addMenu(QStringLiteral("Tools"));
@@ -118,28 +107,38 @@ void CTallixDlg::buildCustomersMenu() {
 }
 
 void CTallixDlg::connectPictureButtons() {
-    static const char* const kTaskNames[] = {"Refresh",     "Update",      "Expense",
-                                             "Income",      "Receivables", "Bank or Institution",
-                                             "Credit Card", "Description", "Category"};
     connect(pictureButtons_, &PictureButtons::clicked, this, [this](PictureButtons::Task task) {
-        if (task == PictureButtons::kRefresh)
-            Refresh();
-        else if (task == PictureButtons::kUpdate)
-            OnToolsUpdate();
-        else if (task == PictureButtons::kExpense)
-            OnManageExpense();
-        else if (task == PictureButtons::kCategory)
-            OnManageCategory();
-        else if (task == PictureButtons::kBank)
-            OnManageBank();
-        else if (task == PictureButtons::kCreditCard)
-            OnManageCreditCard();
-        else if (task == PictureButtons::kIncome)
-            OnManageIncome();
-        else if (task == PictureButtons::kReceivable)
-            OnManageReceivables();
-        else
-            showNotAvailable(QString::fromLatin1(kTaskNames[task]));
+        switch (task) {
+            case PictureButtons::kRefresh:
+                Refresh();
+                break;
+            case PictureButtons::kUpdate:
+                OnToolsUpdate();
+                break;
+            case PictureButtons::kExpense:
+                OnManageExpense();
+                break;
+            case PictureButtons::kIncome:
+                OnManageIncome();
+                break;
+            case PictureButtons::kReceivable:
+                OnManageReceivables();
+                break;
+            case PictureButtons::kBank:
+                OnManageBank();
+                break;
+            case PictureButtons::kCreditCard:
+                OnManageCreditCard();
+                break;
+            case PictureButtons::kDescription:
+                OnManageDescription();
+                break;
+            case PictureButtons::kCategory:
+                OnManageCategory();
+                break;
+            case PictureButtons::kTaskCount:
+                break;
+        }
     });
 }
 
@@ -225,6 +224,14 @@ void CTallixDlg::OnNewBankaccount() {
 void CTallixDlg::OnCreditcardAdd() {
     runMaintenance(
         [this] { runPlanDialog<CDialogCreditCards>(session_, this, "OnCreditcardAdd", true); });
+}
+
+void CTallixDlg::OnManageRmd() {
+    runMaintenance([this] { runPlanDialog<CDialogrmd>(session_, this, "editRmd"); });
+}
+
+void CTallixDlg::OnManageDescription() {
+    runMaintenance([this] { runPlanDialog<CDescriptionDlg>(session_, this, "editDescription"); });
 }
 
 void CTallixDlg::OnColumnWidth(int gridColumn) {

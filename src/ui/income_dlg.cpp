@@ -68,7 +68,10 @@ std::string choice(const QComboBox* box) {
 }  // namespace
 
 CIncomedlg::CIncomedlg(Session& session, QWidget* parent)
-    : QDialog(parent), session_(session), banks_(bankChoices(session.data.node())) {
+    : QDialog(parent),
+      session_(session),
+      banks_(bankChoices(session.data.node())),
+      calls_(this, &session.prompter()) {
     setObjectName(QStringLiteral("incomeDialog"));
     setWindowTitle(QStringLiteral("EDIT, ADD OR DELETE AN INCOME SOURCE"));
     auto* layout = new QVBoxLayout(this);
@@ -160,8 +163,7 @@ QWidget* CIncomedlg::buildDetails() {
 }
 
 void CIncomedlg::rethrowFailure() const {
-    if (failure_)
-        std::rethrow_exception(failure_);
+    calls_.rethrowFailure();
 }
 
 void CIncomedlg::fillList() {
@@ -255,7 +257,7 @@ void CIncomedlg::updateButtons() {
 
 void CIncomedlg::change(const std::function<void()>& call, const std::string& source) {
     const int row = months_->currentRow();
-    if (!runPlanCall(session_.prompter(), this, failure_, [&] {
+    if (!calls_.run([&] {
             call();
             source_ = source;
             fillList();

@@ -1,12 +1,12 @@
 #pragma once
 #include <QDialog>
-#include <exception>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "editing/cell_choices.h"
 #include "reference/income_maintenance.h"
+#include "ui/maintenance_parts.h"
 #include "ui/plan_dialog_parts.h"
 
 class QAction;
@@ -76,7 +76,7 @@ class CIncomedlg : public QDialog {
 
     Session& session_;
     std::vector<InstitutionChoice> banks_;
-    std::exception_ptr failure_;
+    CoreCalls calls_{this, nullptr};
     std::string source_;  // the selected source ("" for none)
     bool filling_ = false;
 

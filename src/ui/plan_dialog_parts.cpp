@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QComboBox>
-#include <QDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -10,9 +9,6 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
-
-#include "app/prompter.h"
-#include "reference/plan_input.h"
 
 namespace tallix::ui {
 
@@ -179,20 +175,6 @@ OkCancel addOkCancelRow(QBoxLayout* layout, QWidget* parent) {
         addButton(row, QStringLiteral("CANCEL"), QStringLiteral("cancelButton"), parent);
     layout->addLayout(row);
     return buttons;
-}
-
-bool runPlanCall(Prompter& prompter, QDialog* dialog, std::exception_ptr& failure,
-                 const std::function<void()>& call) {
-    try {
-        call();
-        return true;
-    } catch (const PlanRefusal& refusal) {
-        prompter.notify(refusal.what());
-    } catch (...) {
-        failure = std::current_exception();
-        dialog->reject();
-    }
-    return false;
 }
 
 }  // namespace tallix::ui

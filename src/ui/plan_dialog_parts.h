@@ -1,11 +1,8 @@
 #pragma once
 // Pieces the dialogs over the plan share: labelled form rows, the
 // institution list that drives its account list, the lists of months and
-// items with the fields APPLY writes from, the OK/CANCEL row, and the way a
-// maintenance dialog runs one call of the core.
+// items with the fields APPLY writes from, and the OK/CANCEL row.
 #include <QString>
-#include <exception>
-#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -17,16 +14,11 @@
 
 class QBoxLayout;
 class QComboBox;
-class QDialog;
 class QFormLayout;
 class QLineEdit;
 class QPushButton;
 class QTableWidget;
 class QWidget;
-
-namespace tallix {
-class Prompter;
-}
 
 namespace tallix::ui {
 
@@ -112,12 +104,5 @@ struct OkCancel {
 };
 // "OK" and "CANCEL" at the right of a new row of `layout`.
 OkCancel addOkCancelRow(QBoxLayout* layout, QWidget* parent);
-
-// Runs one call of the core from a maintenance dialog: a refused value
-// (PlanRefusal) is shown and the dialog stays open; any other failure is
-// kept in `failure` and closes the dialog, whose opener throws it again.
-// False when the call did not finish.
-bool runPlanCall(Prompter& prompter, QDialog* dialog, std::exception_ptr& failure,
-                 const std::function<void()>& call);
 
 }  // namespace tallix::ui

@@ -56,7 +56,8 @@ CReceivablesDlg::CReceivablesDlg(Session& session, QWidget* parent)
     : QDialog(parent),
       session_(&session),
       banks_(institutionChoices(session.data.node())),
-      selected_(kNoSelection) {
+      selected_(kNoSelection),
+      calls_(this, &session.prompter()) {
     buildWindow(false);
     connect(tree_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* now) {
         if (!filling_)
@@ -185,8 +186,7 @@ pugi::xml_node CReceivablesDlg::data() const {
 }
 
 void CReceivablesDlg::rethrowFailure() const {
-    if (failure_)
-        std::rethrow_exception(failure_);
+    calls_.rethrowFailure();
 }
 
 void CReceivablesDlg::fillTree() {
@@ -288,7 +288,7 @@ void CReceivablesDlg::updateButtons() {
 void CReceivablesDlg::change(const std::function<void()>& call, const std::string& customer,
                              const std::function<int()>& row) {
     int shownRow = items_->currentRow();
-    if (!runPlanCall(session_->prompter(), this, failure_, [&] {
+    if (!calls_.run([&] {
             call();
             if (row)
                 shownRow = row();
@@ -378,8 +378,7 @@ void CReceivablesDlg::deleteSelected() {
         session_->prompter().notify(kNoReceivableToDelete);
         return;
     }
-    if (runPlanCall(session_->prompter(), this, failure_,
-                    [&] { deleteCustomer(*session_, customer_); })) {
+    if (calls_.run([&] { deleteCustomer(*session_, customer_); })) {
         selected_ = kNoSelection;
         accept();
     }

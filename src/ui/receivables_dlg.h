@@ -1,6 +1,5 @@
 #pragma once
 #include <QDialog>
-#include <exception>
 #include <functional>
 #include <string>
 #include <utility>
@@ -11,6 +10,7 @@
 #include "editing/cell_choices.h"
 #include "reference/plan_lists.h"
 #include "reference/receivable_maintenance.h"
+#include "ui/maintenance_parts.h"
 #include "ui/plan_dialog_parts.h"
 
 class QAction;
@@ -106,7 +106,7 @@ class CReceivablesDlg : public QDialog {
     std::vector<InstitutionChoice> banks_;
     std::vector<Customer> customers_;
     std::string selected_;
-    std::exception_ptr failure_;
+    CoreCalls calls_{this, nullptr};
     std::string customer_;  // the selected customer ("" for none)
     bool filling_ = false;
 

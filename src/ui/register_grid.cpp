@@ -170,7 +170,10 @@ void RegisterGrid::placeEditor() {
 
 void RegisterGrid::moveEditor(bool forward) {
     const RegisterView& v = session_.view;
-    const auto next = nextEditableCell(v, v.editorRow, v.editorColumn, forward);
+    // From the DATE cell Tab goes on at the line's first typed field.
+    const int from =
+        v.editorColumn == kDateColumn && forward ? kFirstEditableColumn - 1 : v.editorColumn;
+    const auto next = nextEditableCell(v, v.editorRow, from, forward);
     HideEditor();
     if (next)
         openEditor(next->first, next->second);

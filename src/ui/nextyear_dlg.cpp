@@ -11,6 +11,7 @@
 #include "app/next_year.h"
 #include "app/session.h"
 #include "register/month_display.h"
+#include "ui/register_grid.h"
 #include "ui/tallix_dlg.h"
 
 namespace tallix::ui {
@@ -64,6 +65,8 @@ void CNextyearDlg::OnBnClickedCreate() {
 // The main window's command; after the new year was made the window shows
 // it as the Years menu shows a year it switched to.
 void CTallixDlg::OnToolsMakenextyear() {
+    // The new year starts from the file as it stands with the open edit in it.
+    registerGrid_->HideEditor();
     CNextyearDlg dialog(session_, this);
     if (dialog.exec() != QDialog::Accepted)
         return;

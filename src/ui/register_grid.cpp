@@ -1,8 +1,11 @@
 #include "ui/register_grid.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QFocusEvent>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -14,6 +17,7 @@
 #include "editing/add_item.h"
 #include "editing/cell_choices.h"
 #include "editing/cell_commit.h"
+#include "editing/line_day.h"
 #include "register/month_display.h"
 #include "ui/grid_model.h"
 
@@ -44,6 +48,8 @@ RegisterGrid::RegisterGrid(Session& session, QTableView* view, GridModel* model,
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     viewport_ = view_->viewport();
     viewport_->installEventFilter(this);
+    keysOf_ = view_;
+    keysOf_->installEventFilter(this);
     editor_ = new QLineEdit(viewport_);
     editor_->setFrame(false);
     editor_->hide();
@@ -65,6 +71,8 @@ RegisterGrid::RegisterGrid(Session& session, QTableView* view, GridModel* model,
 RegisterGrid::~RegisterGrid() {
     if (viewport_)
         viewport_->removeEventFilter(this);
+    if (keysOf_)
+        keysOf_->removeEventFilter(this);
     if (editor_)
         editor_->removeEventFilter(this);
 }
@@ -80,7 +88,7 @@ QLineEdit* RegisterGrid::openEditorWidget() const {
 void RegisterGrid::openEditor(int row, int column) {
     HideEditor();
     RegisterView& v = session_.view;
-    if (!isEditableCell(v, row, column))
+    if (!takesTyping(row, column))
         return;
     v.editorRow = row;
     v.editorColumn = column;
@@ -106,9 +114,44 @@ bool RegisterGrid::HideEditor() {
     if (editor_->hasFocus())
         view_->setFocus(Qt::OtherFocusReason);
     editor_->hide();
-    const bool done = tallix::HideEditor(session_, row, column, text);
+    bool done = false;
+    if (column == kDateColumn) {
+        // Like any commit: one at a time, then the balances in the new order.
+        v.committing = true;
+        guarded(session_.prompter(), "HideEditor", [&] { done = setLineDay(session_, row, text); });
+        v.committing = false;
+        if (done)
+            tallix::OnToolsUpdate(session_);
+    } else {
+        done = tallix::HideEditor(session_, row, column, text);
+    }
     redraw_();
+    // The redraw reset the model, which forgot the current cell.
+    selectCell(row, column, false);
     return done;
+}
+
+bool RegisterGrid::takesTyping(int row, int column) const {
+    const RegisterView& v = session_.view;
+    if (column == kDateColumn)
+        return row >= 0 && row < v.lineCount && v.table.contains(row, column);
+    return isEditableCell(v, row, column);
+}
+
+void RegisterGrid::selectCell(int row, int column, bool scroll) {
+    const QModelIndex index = model_->index(row, column);
+    if (!index.isValid())
+        return;
+    QScrollBar* across = view_->horizontalScrollBar();
+    QScrollBar* down = view_->verticalScrollBar();
+    const int x = across->value();
+    const int y = down->value();
+    view_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    if (!scroll) {
+        // The view scrolls a partly hidden current cell into view.
+        across->setValue(x);
+        down->setValue(y);
+    }
 }
 
 void RegisterGrid::discardEditor() {
@@ -127,7 +170,10 @@ void RegisterGrid::placeEditor() {
 
 void RegisterGrid::moveEditor(bool forward) {
     const RegisterView& v = session_.view;
-    const auto next = nextEditableCell(v, v.editorRow, v.editorColumn, forward);
+    // From the DATE cell Tab goes on at the line's first typed field.
+    const int from =
+        v.editorColumn == kDateColumn && forward ? kFirstEditableColumn - 1 : v.editorColumn;
+    const auto next = nextEditableCell(v, v.editorRow, from, forward);
     HideEditor();
     if (next)
         openEditor(next->first, next->second);
@@ -159,6 +205,8 @@ bool RegisterGrid::eventFilter(QObject* watched, QEvent* event) {
                 return false;
         }
     }
+    if (watched == keysOf_ && event->type() == QEvent::KeyPress)
+        return onViewKey(static_cast<QKeyEvent*>(event));
     if (watched == editor_) {
         if (event->type() == QEvent::KeyPress)
             return onEditorKey(static_cast<QKeyEvent*>(event));
@@ -188,18 +236,59 @@ bool RegisterGrid::onEditorKey(QKeyEvent* key) {
             moveEditor(false);
             return true;
         case Qt::Key_Return:
-        case Qt::Key_Enter:
-            // Commits; the key goes no further, so the window stays open.
+        case Qt::Key_Enter: {
+            // Commits and goes one row down, as registers do; the key goes no
+            // further, so the window stays open.
+            const int row = session_.view.editorRow;
+            const int column = session_.view.editorColumn;
             HideEditor();
+            selectCell(std::min(row + 1, model_->rowCount() - 1), column, true);
             return true;
+        }
         case Qt::Key_Escape:
-            discardEditor();
-            view_->setFocus(Qt::OtherFocusReason);
-            view_->viewport()->update();
+            // Keeps what was typed and leaves the program running.
+            HideEditor();
             return true;
         default:
             return false;
     }
+}
+
+bool RegisterGrid::onViewKey(QKeyEvent* key) {
+    if (forwardingKey_)
+        return true;  // the open editor let a handed-on key through
+    if (session_.view.editorRow >= 0 && editor_) {
+        // A key that reached the grid while the editor is open is the editor's.
+        forwardingKey_ = true;
+        QCoreApplication::sendEvent(editor_.data(), key);
+        forwardingKey_ = false;
+        return true;
+    }
+    const QModelIndex current = view_->currentIndex();
+    if (!current.isValid())
+        return false;
+    const int row = current.row();
+    const int column = current.column();
+    if (key->key() == Qt::Key_F2 && key->modifiers() == Qt::NoModifier) {
+        if (!takesTyping(row, column))
+            return false;
+        guarded(session_.prompter(), "OnF2", [&] { openEditor(row, column); });
+        return true;
+    }
+    // A printable character starts an edit that begins with it; arrows and
+    // the other keys are the view's.
+    const QString text = key->text();
+    const bool printable =
+        text.size() == 1 && text.at(0).isPrint() &&
+        !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (!printable || !takesTyping(row, column))
+        return false;
+    guarded(session_.prompter(), "OnTyping", [&] {
+        openEditor(row, column);
+        if (openEditorWidget())
+            editor_->setText(text);
+    });
+    return true;
 }
 
 void RegisterGrid::OnLButtonDown(const QPoint& at) {
@@ -214,7 +303,7 @@ void RegisterGrid::OnLButtonDown(const QPoint& at) {
             HideEditor();
         if (!v.table.contains(row, column))
             return;
-        view_->setCurrentIndex(model_->index(row, column));
+        selectCell(row, column, false);
         if (row >= v.lineCount)
             return;  // the starting row has no line
         const FieldColumns& f = v.fields;
@@ -246,8 +335,8 @@ void RegisterGrid::OnRButtonDown(const QPoint& at) {
 
 void RegisterGrid::OnLButtonDblClk(const QPoint& at) {
     const QModelIndex hit = view_->indexAt(at);
-    if (!hit.isValid() || hit.column() < kFirstEditableColumn)
-        return;  // the first five columns are never edited in place
+    if (!hit.isValid() || (hit.column() < kFirstEditableColumn && hit.column() != kDateColumn))
+        return;  // of the first five columns only the DATE is edited in place
     const int row = hit.row();
     const int column = hit.column();
     guarded(session_.prompter(), "OnLButtonDblClk", [&] { openEditor(row, column); });

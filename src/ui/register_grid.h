@@ -1,8 +1,9 @@
 #pragma once
 // What the register grid does with the mouse and the keyboard: the in-place
-// editor over a cell, Tab navigation, the pickers that a click on the
-// Status, Institution or Expense cell of a line opens, and the right click. It sits on the
-// main window's table view and leaves the view's own editing switched off.
+// editor over a cell, typing and F2 on the selected cell, Enter, Escape and
+// Tab in the editor, the pickers that a click on the Status, Institution or
+// Expense cell of a line opens, and the right click. It sits on the main
+// window's table view and leaves the view's own editing switched off.
 #include <QLineEdit>
 #include <QObject>
 #include <QPointer>
@@ -40,6 +41,8 @@ class RegisterGrid : public QObject {
     void openEditor(int row, int column);
     // Commits the open editor's text and closes it; with no editor open
     // nothing happens and nothing is saved. True when a commit ran to its end.
+    // The committed cell stays the grid's current cell. A DATE cell sets the
+    // line's day and moves the line to its place.
     bool HideEditor();
     // The editor while it is open over a cell, else null.
     QLineEdit* openEditorWidget() const;
@@ -52,6 +55,13 @@ class RegisterGrid : public QObject {
     void OnRButtonDown(const QPoint& at);
     void OnLButtonDblClk(const QPoint& at);
     bool onEditorKey(QKeyEvent* key);
+    bool onViewKey(QKeyEvent* key);
+    // The cells the editor opens on: the typed fields and the DATE cell of a
+    // line.
+    bool takesTyping(int row, int column) const;
+    // Makes the cell the view's current one; unless `scroll`, the grid stays
+    // where it was scrolled.
+    void selectCell(int row, int column, bool scroll);
     void moveEditor(bool forward);
     void discardEditor();
     void placeEditor();
@@ -67,7 +77,10 @@ class RegisterGrid : public QObject {
     std::unique_ptr<GridPickers> pickers_;
     // Guarded: the viewport and the editor may go before the grid does.
     QPointer<QWidget> viewport_;
+    QPointer<QTableView> keysOf_;
     QPointer<QLineEdit> editor_;
+    // Set while a key that reached the view is handed on to the open editor.
+    bool forwardingKey_ = false;
 };
 
 }  // namespace tallix::ui

@@ -69,6 +69,8 @@ int CTallixDlg::exec() {
 }
 
 void CTallixDlg::OnBnClickedCancel() {
+    // What is typed in an open cell is kept before anything else happens.
+    registerGrid_->HideEditor();
     if (guarded(session_.prompter(), "OnBnClickedCancel", [&] { writeExitBackups(session_); }))
         QDialog::reject();
 }
@@ -88,6 +90,7 @@ void CTallixDlg::keyPressEvent(QKeyEvent* event) {
 
 void CTallixDlg::OnMonthButton(int month) {
     guarded(session_.prompter(), "OnMonthButton", [&] {
+        registerGrid_->HideEditor();
         session_.month = month;
         session_.view.rememberedRow = 31;
         // Refused (a month without lines), the grid and the session keep the
@@ -99,6 +102,7 @@ void CTallixDlg::OnMonthButton(int month) {
 }
 
 void CTallixDlg::OnYearsMenu(const QString& year) {
+    registerGrid_->HideEditor();
     if (!processprevyearrequest(session_, year.toStdString()))
         return;
     // Nothing of the other year stays on screen, even when this year's month

@@ -52,7 +52,7 @@ CReceivablesDlg::CReceivablesDlg(pugi::xml_node yearData, bool pickForCell, QWid
             [this](QTreeWidgetItem* now) { showCustomer(now); });
 }
 
-CReceivablesDlg::CReceivablesDlg(Session& session, QWidget* parent)
+CReceivablesDlg::CReceivablesDlg(Session& session, const std::string& customer, QWidget* parent)
     : QDialog(parent),
       session_(&session),
       banks_(institutionChoices(session.data.node())),
@@ -63,6 +63,11 @@ CReceivablesDlg::CReceivablesDlg(Session& session, QWidget* parent)
         if (!filling_)
             onSelected(now);
     });
+    const QList<QTreeWidgetItem*> chosen = tree_->findItems(qs(customer), Qt::MatchExactly);
+    if (!customer.empty() && !chosen.isEmpty()) {
+        tree_->setCurrentItem(chosen.front());
+        chosen.front()->setSelected(true);
+    }
     updateButtons();
     resize(sizeHint().expandedTo(QSize(1100, 680)));
 }

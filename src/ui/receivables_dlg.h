@@ -45,7 +45,11 @@ class CReceivablesDlg : public QDialog {
     Q_OBJECT
   public:
     CReceivablesDlg(pugi::xml_node data, bool pickForCell, QWidget* parent = nullptr);
-    explicit CReceivablesDlg(Session& session, QWidget* parent = nullptr);
+    // Maintenance; `customer`, when given, is shown at once (the Customers
+    // menu opens the dialog at the customer chosen there).
+    CReceivablesDlg(Session& session, const std::string& customer, QWidget* parent = nullptr);
+    explicit CReceivablesDlg(Session& session, QWidget* parent = nullptr)
+        : CReceivablesDlg(session, std::string(), parent) {}
 
     // The picked customer after OK; "noselection" otherwise.
     std::string selectedCustomer() const { return selected_; }

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "app/backups.h"
+#include "app/customers.h"
 #include "app/guard.h"
 #include "app/session.h"
 #include "app/startup.h"
@@ -117,8 +118,12 @@ void CTallixDlg::OnYearsMenu(const QString& year) {
 }
 
 void CTallixDlg::OnCustomerCommand(int command) {
-    // The menu is a list to look at: the command's number is all it carries.
-    (void)QString::number(command);
+    // Command 2000 + n is the n-th customer in file order: the receivables
+    // dialog opens at that customer.
+    const std::vector<std::string> names = customerNames(session_.data);
+    const size_t at = static_cast<size_t>(command - kFirstCustomerCommand);
+    if (at < names.size())
+        OnManageReceivables(names[at]);
 }
 
 }  // namespace tallix::ui

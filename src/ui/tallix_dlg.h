@@ -1,6 +1,7 @@
 #pragma once
 #include <QDialog>
 #include <functional>
+#include <string>
 
 class QAction;
 class QMenu;
@@ -54,7 +55,7 @@ class CTallixDlg : public QDialog {
     void OnToolsMakenextyear();
     // Tools > Recurring expenses (7) and the Reports items (8, 9, 20, 21).
     void OnReport(int number);
-    // The Customers menu: the commands change nothing.
+    // The Customers menu: opens the receivables dialog at that customer.
     void OnCustomerCommand(int command);
     // Manage > Expense and Manage > Category (and their picture buttons): the
     // maintenance dialog, then the month again as the year file now holds it.
@@ -66,9 +67,10 @@ class CTallixDlg : public QDialog {
     void OnManageBank();
     void OnManageCreditCard();
     // Manage > Income and Manage > Receivables (and their picture buttons):
-    // the maintenance dialogs of the income sources and of the customers.
+    // the maintenance dialogs of the income sources and of the customers
+    // (at `customer`, when one is given).
     void OnManageIncome();
-    void OnManageReceivables();
+    void OnManageReceivables(const std::string& customer = {});
     void OnBankAddbank();
     void OnNewBankaccount();
     void OnCreditcardAdd();

@@ -56,7 +56,7 @@ void CTallixDlg::buildMenus() {
     manage->addAction(QStringLiteral("New Credit Card"), this, &CTallixDlg::OnCreditcardAdd);
     manage->addAction(QStringLiteral("Description"), this, &CTallixDlg::OnManageDescription);
     manage->addAction(QStringLiteral("RMD"), this, &CTallixDlg::OnManageRmd);
-    manage->addAction(QStringLiteral("Receivables"), this, &CTallixDlg::OnManageReceivables);
+    manage->addAction(QStringLiteral("Receivables"), this, [this] { OnManageReceivables(); });
 
     QMenu* tools = menuBar_->addMenu(QStringLiteral("Tools"));
     tools->addAction(QStringLiteral("Refresh"), this, &CTallixDlg::Refresh);
@@ -205,8 +205,9 @@ void CTallixDlg::OnManageIncome() {
     runMaintenance([this] { runPlanDialog<CIncomedlg>(session_, this, "editIncome"); });
 }
 
-void CTallixDlg::OnManageReceivables() {
-    runMaintenance([this] { runPlanDialog<CReceivablesDlg>(session_, this, "editReceivables"); });
+void CTallixDlg::OnManageReceivables(const std::string& customer) {
+    runMaintenance(
+        [&] { runPlanDialog<CReceivablesDlg>(session_, this, "editReceivables", customer); });
 }
 
 void CTallixDlg::OnBankAddbank() {

@@ -21,6 +21,7 @@
 #include "reports/reports.h"
 #include "ui/nextyear_dlg.h"
 #include "ui/picture_buttons.h"
+#include "ui/receivables_dlg.h"
 #include "ui/recurring_dlg.h"
 #include "ui/sample_year.h"
 
@@ -222,9 +223,18 @@ TEST_F(MainWindowTest, TheMenusHoldEveryCommandAndACustomerChangesNothing) {
     EXPECT_EQ(itemTexts(window.customersMenu()),
               (QStringList{"Maple Street Bakery", "Riverside Garden Club"}));
 
-    // A customer changes nothing; Save data file writes a copy elsewhere.
+    // A customer opens the receivables dialog at that customer (closed
+    // unchanged); Save data file writes a copy elsewhere.
     const std::string before = readFile(session.filePath);
+    QString shown;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<ui::CReceivablesDlg*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        shown = dialog->nameEdit()->text();
+        dialog->reject();
+    });
     window.customersMenu()->actions()[1]->trigger();
+    EXPECT_EQ(shown, "Riverside Garden Club");
     prompter.files = {tmp / "chosen.xml"};
     menu(6)->actions()[0]->trigger();
     EXPECT_TRUE(prompter.files.empty());

@@ -33,9 +33,9 @@ void checkBackupTarget(Session& session);
 
 // Exit: saves the data document into the local backup folder, then into the
 // cloud backup folder when it exists (otherwise into the local one again,
-// after a warning shown once per data folder). Throws when a copy cannot be written; the local folder is not
-// created here. Without a data file (a start-up that failed or closed early)
-// or with one that could not be read there is nothing to back up.
+// after a warning shown once per data folder). Throws when a copy cannot be written; the local
+// folder is not created here. Without a data file (a start-up that failed or closed early) or with
+// one that could not be read there is nothing to back up.
 void writeExitBackups(Session& session);
 
 }  // namespace tallix

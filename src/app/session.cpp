@@ -6,11 +6,7 @@
 namespace tallix {
 
 bool isCalendarDate(const Date& d) {
-    static constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    if (d.month < 1 || d.month > 12 || d.day < 1)
-        return false;
-    bool leap = (d.year % 4 == 0 && d.year % 100 != 0) || d.year % 400 == 0;
-    return d.day <= kDays[d.month - 1] + (d.month == 2 && leap ? 1 : 0);
+    return d.month >= 1 && d.month <= 12 && d.day >= 1 && d.day <= daysInMonth(d.month, d.year);
 }
 
 Session::Session(Environment& env, Prompter& prompter) : env_(env), prompter_(prompter) {

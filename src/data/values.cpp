@@ -260,4 +260,12 @@ std::optional<std::string> typedAmountText(std::string_view typed) {
            (fraction.empty() ? std::string("00") : std::string(fraction));
 }
 
+int daysInMonth(int month, int year) {
+    static constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (month < 1 || month > 12)
+        return 31;
+    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+    return month == 2 && leap ? 29 : kDays[month - 1];
+}
+
 }  // namespace tallix

@@ -16,6 +16,10 @@ const std::array<std::string, 13>& monthNameTable();
 // 1-12 for an English month name, 0 otherwise.
 int monthNumber(std::string_view name);
 
+// The number of days of `month` (1-12) in `year`, leap years counted; 31
+// for a number that is not a month.
+int daysInMonth(int month, int year);
+
 // "Sun".."Sat" for the date, normalised like the C calendar (31 February is
 // 3 March); "Error getting day of week" when the date cannot be formed.
 std::string dayOfWeek(int day, int month, int year);

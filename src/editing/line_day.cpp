@@ -52,14 +52,6 @@ void moveCellOverrides(RegisterView& view, int from, int to) {
 
 }  // namespace
 
-int daysInMonth(int month, int year) {
-    static constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    if (month < 1 || month > 12)
-        return 31;
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return month == 2 && leap ? 29 : kDays[month - 1];
-}
-
 bool setLineDay(Session& session, int row, const std::string& text) {
     const int lastDay = daysInMonth(session.month, session.year);
     const std::optional<int> day = wholeNumber(normaliseBlanks(text));

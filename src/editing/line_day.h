@@ -16,9 +16,6 @@ inline constexpr const char* kNotADayStart = "The day of a line in ";
 inline constexpr const char* kNotADayMiddle = " must be a whole number from 1 to ";
 inline constexpr const char* kNotADayEnd = ".";
 
-// The number of days of `month` (1-12) in `year`.
-int daysInMonth(int month, int year);
-
 // Gives the row's line of the displayed month the day `text` names and moves
 // it among the month's lines: above the first line of an earlier day, below
 // every line of its own day and of later days. Saves the data file. A day

@@ -30,12 +30,6 @@ int weekdayOfFirst(int month, int year) {
     return 0;
 }
 
-int daysInMonth(int month, int year) {
-    static constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return kDays[month - 1] + (month == 2 && leap ? 1 : 0);
-}
-
 std::string dateText(int month, int day, int year) {
     return std::to_string(month) + "/" + std::to_string(day) + "/" + std::to_string(year);
 }

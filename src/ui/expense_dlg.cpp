@@ -94,13 +94,12 @@ void CExpenseDlg::buildWindow() {
 }
 
 QWidget* CExpenseDlg::buildDetails() {
-    auto* panel = new QWidget(this);
-    auto* column = new QVBoxLayout(panel);
-    auto* top = new QHBoxLayout;
-    column->addLayout(top);
-    auto* form = new QFormLayout;
-    top->addLayout(form);
-    name_ = addTextRow(form, QStringLiteral("NAME"), QStringLiteral("nameEdit"));
+    const DetailsPanel details = startDetailsPanel(this);
+    QWidget* panel = details.panel;
+    QBoxLayout* column = details.column;
+    QBoxLayout* top = details.top;
+    QFormLayout* form = details.form;
+    name_ = details.name;
     category_ = new QLabel(panel);
     category_->setObjectName(QStringLiteral("categoryLabel"));
     form->addRow(QStringLiteral("CATEGORY"), category_);

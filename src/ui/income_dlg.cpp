@@ -112,13 +112,12 @@ CIncomedlg::CIncomedlg(Session& session, QWidget* parent)
 }
 
 QWidget* CIncomedlg::buildDetails() {
-    auto* panel = new QWidget(this);
-    auto* column = new QVBoxLayout(panel);
-    auto* top = new QHBoxLayout;
-    column->addLayout(top);
-    auto* form = new QFormLayout;
-    top->addLayout(form);
-    name_ = addTextRow(form, QStringLiteral("NAME"), QStringLiteral("nameEdit"));
+    const DetailsPanel details = startDetailsPanel(this);
+    QWidget* panel = details.panel;
+    QBoxLayout* column = details.column;
+    QBoxLayout* top = details.top;
+    QFormLayout* form = details.form;
+    name_ = details.name;
     bank_ = addBankRows(form, banks_, QStringLiteral("INSTITUTION"), QStringLiteral("ACCOUNT"));
     type_ = addChoiceRow(form, QStringLiteral("TYPE"), QStringLiteral("typeBox"));
     type_->addItems(scheduleTypes());

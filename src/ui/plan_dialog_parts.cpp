@@ -16,6 +16,18 @@ std::string fieldText(const QLineEdit* edit) {
     return edit->text().toStdString();
 }
 
+DetailsPanel startDetailsPanel(QWidget* parent) {
+    DetailsPanel d;
+    d.panel = new QWidget(parent);
+    d.column = new QVBoxLayout(d.panel);
+    d.top = new QHBoxLayout;
+    d.column->addLayout(d.top);
+    d.form = new QFormLayout;
+    d.top->addLayout(d.form);
+    d.name = addTextRow(d.form, QStringLiteral("NAME"), QStringLiteral("nameEdit"));
+    return d;
+}
+
 QLineEdit* addTextRow(QFormLayout* form, const QString& label, const QString& objectName) {
     auto* edit = new QLineEdit(form->parentWidget());
     edit->setObjectName(objectName);

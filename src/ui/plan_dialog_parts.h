@@ -27,6 +27,17 @@ inline QString qs(const std::string& text) {
 }
 std::string fieldText(const QLineEdit* edit);
 
+// The right-hand panel of the plan dialogs: a column whose top row starts
+// with the form of fields, and that form's first field, NAME.
+struct DetailsPanel {
+    QWidget* panel = nullptr;
+    QBoxLayout* column = nullptr;
+    QBoxLayout* top = nullptr;
+    QFormLayout* form = nullptr;
+    QLineEdit* name = nullptr;
+};
+DetailsPanel startDetailsPanel(QWidget* parent);
+
 QLineEdit* addTextRow(QFormLayout* form, const QString& label, const QString& objectName);
 QComboBox* addChoiceRow(QFormLayout* form, const QString& label, const QString& objectName);
 // A push button at the end of `row` that Return in a field does not press.

@@ -109,13 +109,12 @@ void CReceivablesDlg::buildWindow(bool pickForCell) {
 }
 
 QWidget* CReceivablesDlg::buildDetails() {
-    auto* panel = new QWidget(this);
-    auto* column = new QVBoxLayout(panel);
-    auto* top = new QHBoxLayout;
-    column->addLayout(top);
-    auto* form = new QFormLayout;
-    top->addLayout(form);
-    name_ = addTextRow(form, QStringLiteral("NAME"), QStringLiteral("nameEdit"));
+    const DetailsPanel details = startDetailsPanel(this);
+    QWidget* panel = details.panel;
+    QBoxLayout* column = details.column;
+    QBoxLayout* top = details.top;
+    QFormLayout* form = details.form;
+    name_ = details.name;
     number_ =
         addTextRow(form, QStringLiteral("CUSTOMER NUMBER"), QStringLiteral("customerNumberEdit"));
     bank_ = addBankRows(form, banks_);

@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
     build-essential cmake ninja-build pkg-config
-    qt6-base-dev libpugixml-dev libgtest-dev libgmock-dev libbenchmark-dev
+    qt6-base-dev libpugixml-dev zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
     xvfb xauth xdg-utils locales
 )
 

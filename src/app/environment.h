@@ -25,6 +25,9 @@ class Environment {
     virtual std::optional<std::filesystem::path> cloudDriveRoot() const = 0;
     // Opens a file with the system's viewer; false when that failed.
     virtual bool openWithViewer(const std::filesystem::path& file) = 0;
+    // The time now, in seconds since 1970 (UTC): what the version history
+    // stamps a change with. Tests give a clock of their own.
+    virtual long long now() const;
 };
 
 }  // namespace tallix

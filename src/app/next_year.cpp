@@ -245,6 +245,8 @@ class KeepView {
 // without the notice for a month without lines, which is passed over. The
 // grid and the displayed month are left as they were. True when the data
 // document changed.
+constexpr const char* kClosingsForNextYear = "closings worked out for next year";
+
 bool workOutMonths(Session& session) {
     KeepView kept(session);
     prepareColumns(session);
@@ -258,7 +260,7 @@ bool workOutMonths(Session& session) {
         } catch (...) {
             // What the months before wrote is kept, as Update all months keeps it.
             if (changed)
-                session.saveData();
+                session.saveChange(kClosingsForNextYear);
             throw;
         }
     }
@@ -341,7 +343,7 @@ bool makeNextYear(Session& session, const std::string& nextFileName) {
                                  session.data.loadError());
 
     if (workOutMonths(session))
-        session.saveData();
+        session.saveChange(kClosingsForNextYear);
 
     Document next = Document::parse(session.data.serialize(), target);
     if (next.loadFailed())
@@ -358,9 +360,9 @@ bool makeNextYear(Session& session, const std::string& nextFileName) {
         throw;
     }
 
-    session.data = loadOrThrow(target);
-    session.fileName = *name;
-    session.filePath = target;
+    session.openDataPath(target);
+    if (session.data.loadFailed())
+        throw std::runtime_error(session.data.loadError());
     session.setYear(newYear);
     return true;
 }

@@ -1,64 +1,121 @@
 #include "app/undo_history.h"
 
+#include <ctime>
+#include <stdexcept>
+
 #include "app/session.h"
+#include "app/version_history.h"
 
 namespace tallix {
 namespace {
 
-size_t hashOf(const std::string& bytes) {
-    return std::hash<std::string>{}(bytes);
+std::string menuText(const char* verb, const Version* v) {
+    std::string label = v->label;
+    if (!label.empty())
+        label[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(label[0])));
+    return std::string(verb) + " " + label;
+}
+
+std::string localTime(long long seconds) {
+    const std::time_t t = static_cast<std::time_t>(seconds);
+    std::tm parts{};
+    localtime_r(&t, &parts);
+    char text[32];
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M", &parts);
+    return text;
+}
+
+size_t indexOf(const VersionHistory& history, long long number) {
+    const std::vector<Version>& all = history.versions();
+    for (size_t i = 0; i < all.size(); ++i)
+        if (all[i].number == number)
+            return i;
+    throw std::invalid_argument("the history keeps no version " + std::to_string(number));
+}
+
+VersionHistory& historyOf(Session& session) {
+    VersionHistory* history = session.versions();
+    if (!history)
+        throw std::runtime_error("the data file has no change history");
+    return *history;
 }
 
 }  // namespace
 
-void UndoHistory::record(Entry entry) {
-    ++recordedCount_;
-    entries_.push_back(std::move(entry));
-    while (entries_.size() > kDepth)
-        entries_.pop_front();
-}
-
-void UndoHistory::settleLast(const std::string& bytes) {
-    if (!entries_.empty())
-        entries_.back().afterHash = hashOf(bytes);
-}
-
-std::optional<std::string> UndoHistory::nextLabel() const {
-    if (entries_.empty())
-        return std::nullopt;
-    return entries_.back().label;
-}
-
 void recordedChange(Session& session, const std::string& label,
                     const std::function<void()>& change) {
-    const std::string before = session.data.serialize();
+    pugi::xml_document before;
+    before.reset(session.data.xml());
     try {
         change();
-        session.saveData();
+        session.saveChange(label);
     } catch (...) {
-        session.data = Document::parse(before, session.data.source());
+        session.data.xml().reset(before);
         throw;
     }
-    session.history.record({label, session.filePath, before, hashOf(session.data.serialize())});
+}
+
+std::optional<std::string> undoText(Session& session) {
+    const VersionHistory* history = session.versions();
+    if (!history || !history->undoable())
+        return std::nullopt;
+    return menuText("Undo", history->undoable());
+}
+
+std::optional<std::string> redoText(Session& session) {
+    const VersionHistory* history = session.versions();
+    if (!history || !history->redoable())
+        return std::nullopt;
+    return menuText("Redo", history->redoable());
 }
 
 std::optional<std::string> undo(Session& session) {
-    const UndoHistory::Entry* entry = session.history.last();
-    if (entry && entry->file != session.filePath) {
-        // Kept for a file that is no longer open: never written into this one.
-        session.history.clear();
-        entry = nullptr;
+    VersionHistory* history = session.versions();
+    if (!history || !history->undoable())
+        return std::nullopt;
+    const std::string label = history->undoable()->label;
+    session.putVersion(history->undoneText(session.savedBytes()), nullptr);
+    history->moved(-1);
+    return label;
+}
+
+std::optional<std::string> redo(Session& session) {
+    VersionHistory* history = session.versions();
+    if (!history || !history->redoable())
+        return std::nullopt;
+    const std::string label = history->redoable()->label;
+    session.putVersion(history->redoneText(session.savedBytes()), nullptr);
+    history->moved(1);
+    return label;
+}
+
+std::vector<VersionLine> versionLines(Session& session) {
+    std::vector<VersionLine> lines;
+    const VersionHistory* history = session.versions();
+    if (!history)
+        return lines;
+    for (size_t i = 0; i < history->versions().size(); ++i) {
+        const Version& v = history->versions()[i];
+        std::string what = v.label;
+        if (v.changes > 1)
+            what += " and " + std::to_string(v.changes - 1) + " earlier change" +
+                    (v.changes > 2 ? "s" : "");
+        lines.push_back({v.number, localTime(v.time), what, i == history->current()});
     }
-    if (!entry)
-        return std::nullopt;
-    if (hashOf(session.data.serialize()) != entry->afterHash &&
-        session.prompter().askYesNo(kUndoLosesLaterChanges + entry->label + "?") != Answer::Yes)
-        return std::nullopt;
-    Document restored = Document::parse(entry->before, session.data.source());
-    restored.save(session.filePath);
-    session.data = std::move(restored);
-    std::string label = entry->label;
-    session.history.dropLast();
+    return lines;
+}
+
+std::string versionText(Session& session, long long number) {
+    VersionHistory& history = historyOf(session);
+    return history.textOf(indexOf(history, number));
+}
+
+std::string restoreVersion(Session& session, long long number) {
+    VersionHistory& history = historyOf(session);
+    const size_t index = indexOf(history, number);
+    const std::string label = "restore of version " + std::to_string(number) + " of " +
+                              localTime(history.versions()[index].time);
+    session.putVersion(history.textOf(index), &label);
     return label;
 }
 

@@ -78,7 +78,7 @@ std::vector<InstitutionChoice> institutionChoices(pugi::xml_node data) {
 
 void writeStatus(Session& session, int row, const std::string& status) {
     writeField(session, row, session.view.fields.status, schema::kStatus, status);
-    session.saveData();
+    session.saveChange(lineChange(session, "status", row));
 }
 
 void writeInstitution(Session& session, int row, const std::string& institution,
@@ -86,12 +86,12 @@ void writeInstitution(Session& session, int row, const std::string& institution,
     const FieldColumns& f = session.view.fields;
     writeField(session, row, f.institution, schema::kInstitution, institution);
     writeField(session, row, f.account, schema::kAccount, account);
-    session.saveData();
+    session.saveChange(lineChange(session, "institution", row));
 }
 
 void writeDescription(Session& session, int row, const std::string& description) {
     writeField(session, row, session.view.fields.description, schema::kDescription, description);
-    session.saveData();
+    session.saveChange(lineChange(session, "description", row));
 }
 
 }  // namespace tallix

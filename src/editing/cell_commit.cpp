@@ -101,7 +101,7 @@ class Commit {
             else if (planned_ && column_ == f_.check && type == "check")
                 writePlan(kEntryCheck, text);
         }
-        s_.saveData();
+        s_.saveChange(cellChange(s_, column_, row_));
         return true;
     }
 

@@ -106,4 +106,22 @@ pugi::xml_node get_expense(Session& session, int row) {
     return expense;
 }
 
+std::string lineChange(const Session& session, const std::string& what, int row) {
+    return what + " of line " + std::to_string(row + 1) + ", " + monthName(session.month);
+}
+
+std::string cellChange(const Session& session, int column, int row) {
+    const std::vector<GridColumn>& columns = session.view.grid.columns;
+    const std::string title = column >= 0 && column < static_cast<int>(columns.size())
+                                  ? columns[static_cast<size_t>(column)].title
+                                  : std::string();
+    std::string what;
+    for (char c : title)
+        if (c != ' ' || (!what.empty() && what.back() != ' '))
+            what += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    while (!what.empty() && what.back() == ' ')
+        what.pop_back();
+    return lineChange(session, what.empty() ? "cell" : what, row);
+}
+
 }  // namespace tallix

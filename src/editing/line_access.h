@@ -31,6 +31,12 @@ int columnOfLineChild(const FieldColumns& fields, int child);
 pugi::xml_node get_lines(Session& session, int row);
 pugi::xml_node get_expense(Session& session, int row);
 
+// How Edit > Undo names a change of a row's line: "amount of line 7, March"
+// (the row's line number and the displayed month).
+std::string lineChange(const Session& session, const std::string& what, int row);
+// The same with the column's title as `what`, in lower case.
+std::string cellChange(const Session& session, int column, int row);
+
 // Writes the fields of a row's line together with the cells that show them.
 class LineWriter {
   public:

@@ -86,7 +86,7 @@ bool setLineDay(Session& session, int row, const std::string& text) {
     else
         month.append_move(line);
     renumberLines(session.data.node(), month, session.month);
-    session.saveData();
+    session.saveChange(lineChange(session, "day", row));
 
     moveCellOverrides(session.view, from, to);
     session.view.markedRow = session.view.markedColumn = -1;

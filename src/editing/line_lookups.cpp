@@ -43,7 +43,7 @@ void expenseLookup(Session& session, int row, int column, const std::string& exp
         setChildText(monthEntry(planned, schema::kExpenseMonths, session.month),
                      schema::kEntryStatus, "pending");
     }
-    session.saveData();
+    session.saveChange(lineChange(session, "expense", row));
 }
 
 void incomeLookup(Session& session, int row, int column, const std::string& name) {
@@ -55,7 +55,7 @@ void incomeLookup(Session& session, int row, int column, const std::string& name
     line.set(f.account, schema::kAccount, childText(source, 1));
     line.set(f.amount, schema::kDebit, childText(source, 5));
     line.set(f.category, schema::kCategoty, "Income");
-    session.saveData();
+    session.saveChange(lineChange(session, "income source", row));
 }
 
 void receivableLookup(Session& session, int row, int column, const std::string& name) {
@@ -74,7 +74,7 @@ void receivableLookup(Session& session, int row, int column, const std::string& 
     pugi::xml_node item =
         settleReceivableItem(session.data.node(), customer, session.month, line.number());
     setChildText(item, schema::kEntryAmount, line.field(schema::kDebit));
-    session.saveData();
+    session.saveChange(lineChange(session, "customer", row));
 }
 
 }  // namespace tallix

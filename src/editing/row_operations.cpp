@@ -54,7 +54,7 @@ void InsertRow(Session& session, int row, const std::string& kind) {
     const std::optional<int> day = dayRow >= 0 ? dayOfCell(v.table, dayRow) : std::nullopt;
     addxmlline(session.data.node(), session.month, row, day ? std::to_string(*day) : std::string(),
                kind);
-    session.saveData();
+    session.saveChange(lineChange(session, "insertion", row));
 
     shiftCellOverrides(v, row, 1);
     const CellColours colours{
@@ -90,7 +90,7 @@ void makeLine(Session& session, int row, const std::string& kind) {
             session.view.table.set(row, column, " ");
     }
     line.set(f.typeofentry, schema::kTypeOfEntry, kind);
-    session.saveData();
+    session.saveChange(lineChange(session, "type", row));
     session.view.markedRow = session.view.markedColumn = -1;
 }
 
@@ -105,7 +105,7 @@ void deleteLine(Session& session, int row) {
             item.parent().remove_child(item);
     month.remove_child(line);
     renumberLines(data, month, session.month);
-    session.saveData();
+    session.saveChange(lineChange(session, "deletion", row));
     shiftCellOverrides(session.view, row, -1);
     session.view.markedRow = session.view.markedColumn = -1;
 }
@@ -155,7 +155,7 @@ void moveLine(Session& session, int row, LineChoices& choices) {
             setChildText(sourceItem, 0, targetNumber);
     }
     // What moved stays moved, even after a No, and the file holds it.
-    session.saveData();
+    session.saveChange(lineChange(session, "move", row) + " to line " + targetNumber);
     session.view.markedRow = session.view.markedColumn = -1;
 }
 

@@ -28,7 +28,7 @@ bool applyTransfer(Session& session, int row, int column, const std::string& nam
     line.set(f.info, schema::kInfo, transfer.toInstitution);
     line.set(f.accumulate, schema::kAccumulate, transfer.toAccount);
     line.set(f.amount, schema::kDebit, *amount);
-    session.saveData();
+    session.saveChange(lineChange(session, "transfer", row));
     return true;
 }
 

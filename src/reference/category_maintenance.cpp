@@ -2,6 +2,7 @@
 
 #include "app/prompter.h"
 #include "app/session.h"
+#include "app/undo_history.h"
 #include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"

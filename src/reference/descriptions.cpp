@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "app/session.h"
+#include "app/undo_history.h"
 #include "data/node_text.h"
 #include "data/query.h"
 #include "reference/plan_input.h"
@@ -84,7 +85,7 @@ void offerDescription(Session& session, const std::string& text) {
     if (session.prompter().askYesNo(kDescriptionNotOnList) != Answer::Yes)
         return;
     if (addDescription(data, text))
-        session.saveData();
+        session.saveChange("Add description " + text);
 }
 
 }  // namespace tallix

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/session.h"
+#include "app/undo_history.h"
 #include "data/node_text.h"
 #include "data/schema_names.h"
 #include "data/values.h"

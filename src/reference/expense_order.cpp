@@ -2,6 +2,7 @@
 
 #include "app/prompter.h"
 #include "app/session.h"
+#include "app/undo_history.h"
 #include "data/node_text.h"
 #include "data/schema_names.h"
 #include "reference/plan_messages.h"

@@ -1,6 +1,7 @@
 #include "reference/plan_nodes.h"
 
 #include "app/session.h"
+#include "app/undo_history.h"
 #include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"

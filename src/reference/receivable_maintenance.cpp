@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "app/session.h"
+#include "app/undo_history.h"
 #include "data/node_text.h"
 #include "data/query.h"
 #include "data/schema_names.h"

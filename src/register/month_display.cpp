@@ -27,15 +27,21 @@ bool recomputeMonth(Session& session, bool postDue) {
 namespace {
 
 // Runs `body`, which reports whether it changed the document, and saves the
-// data file when it did. A body that fails saves nothing: the file keeps what
-// it held, and what the steps before the failure wrote stays in the window
-// until a command that succeeds saves it.
+// data file when it did: as the change `label` names, or, without a label, as
+// the balances carried on that belong to the version on screen. A body that
+// fails saves nothing: the file keeps what it held, and what the steps before
+// the failure wrote stays in the window until a command that succeeds saves
+// it.
 template <typename Body>
-void savingChanges(Session& session, Body body) {
+void savingChanges(Session& session, Body body, const std::string* label = nullptr) {
     bool changed = false;
     body(changed);
-    if (changed)
-        session.saveData();
+    if (!changed)
+        return;
+    if (label)
+        session.saveChange(*label);
+    else
+        session.saveSettled();
 }
 
 bool showMonthUnsaved(Session& session, const std::string& monthText, bool& changed) {
@@ -91,7 +97,7 @@ bool displayMonth(Session& session, const std::string& monthText) {
 
 bool Refresh(Session& session) {
     return guarded(session.prompter(), "Refresh", [&] {
-        session.data = Document::load(session.filePath);
+        session.reloadData();
         prepareColumns(session);
         session.view.table.clear();
         savingChanges(session, [&](bool& changed) { changed = recomputeMonth(session, false); });
@@ -101,11 +107,14 @@ bool Refresh(Session& session) {
 
 bool OnToolsUpdate(Session& session) {
     return guarded(session.prompter(), "OnToolsUpdate", [&] {
-        savingChanges(session, [&](bool& changed) { changed = recomputeMonth(session, true); });
+        const std::string label = "update of " + monthName(session.month);
+        savingChanges(
+            session, [&](bool& changed) { changed = recomputeMonth(session, true); }, &label);
     });
 }
 
 bool OnToolsUpdateallmonths(Session& session) {
+    static const std::string kUpdateAllLabel = "update of all months";
     return guarded(session.prompter(), "OnToolsUpdateallmonths", [&] {
         // All or nothing: a month that fails leaves the year, the window and
         // the file as they were before the run, so no month is saved
@@ -114,23 +123,26 @@ bool OnToolsUpdateallmonths(Session& session) {
         before.reset(session.data.xml());
         const RegisterView viewBefore = session.view;
         const int monthBefore = session.month;
-        savingChanges(session, [&](bool& changed) {
-            for (int m = 1; m <= 12; ++m) {
-                session.month = m;
-                try {
-                    showMonthUnsaved(session, "13", changed);
-                } catch (...) {
-                    session.data.xml().reset(before);
-                    session.view = viewBefore;
-                    session.month = monthBefore;
+        savingChanges(
+            session,
+            [&](bool& changed) {
+                for (int m = 1; m <= 12; ++m) {
+                    session.month = m;
                     try {
-                        rethrowAt(monthName(m));
-                    } catch (const std::exception& failure) {
-                        throw ShownFailure(std::string(failure.what()) + "; nothing was saved");
+                        showMonthUnsaved(session, "13", changed);
+                    } catch (...) {
+                        session.data.xml().reset(before);
+                        session.view = viewBefore;
+                        session.month = monthBefore;
+                        try {
+                            rethrowAt(monthName(m));
+                        } catch (const std::exception& failure) {
+                            throw ShownFailure(std::string(failure.what()) + "; nothing was saved");
+                        }
                     }
                 }
-            }
-        });
+            },
+            &kUpdateAllLabel);
     });
 }
 

@@ -81,9 +81,11 @@ class CTallixDlg : public QDialog {
     // A double click on a column header of the grid: the width dialog for
     // that column, then the month again with the new width.
     void OnColumnWidth(int gridColumn);
-    // Edit > Undo: takes back the last change of the plan, then shows the
-    // month again.
+    // Edit > Undo (Ctrl+Z) and Redo (Ctrl+Shift+Z, Ctrl+Y): an open cell
+    // edit is committed first, then the change is taken back (made again)
+    // and the month shown again.
     void OnEditUndo();
+    void OnEditRedo();
     // Edit > Find (Ctrl+F): the find window, kept open beside the grid.
     void OnEditFind();
     // Shows month `month` with line `line` (from 1) selected.
@@ -93,6 +95,7 @@ class CTallixDlg : public QDialog {
     QMenuBar* menuBar() const { return menuBar_; }
     QMenu* customersMenu() const { return customersMenu_; }
     QAction* undoAction() const { return undoAction_; }
+    QAction* redoAction() const { return redoAction_; }
     MonthButtons* monthButtons() const { return monthButtons_; }
     PictureButtons* pictureButtons() const { return pictureButtons_; }
     QTableView* grid() const { return grid_; }
@@ -111,7 +114,8 @@ class CTallixDlg : public QDialog {
     // After a maintenance dialog or an undo: the displayed month read again
     // from the year file (columns, lines, balances), the grid where it was,
     // and the Customers menu.
-    void showMonthFromFile(bool settleUndo);
+    void showMonthFromFile();
+    void takeBack(std::string_view handler, std::optional<std::string> (*step)(Session&));
     // Runs a maintenance dialog, then shows the month from the file; the
     // balances worked out again belong to the dialog's change, if it made one.
     void runMaintenance(const std::function<void()>& dialog);
@@ -131,6 +135,7 @@ class CTallixDlg : public QDialog {
     QMenuBar* menuBar_ = nullptr;
     QMenu* customersMenu_ = nullptr;
     QAction* undoAction_ = nullptr;
+    QAction* redoAction_ = nullptr;
     MonthButtons* monthButtons_ = nullptr;
     PictureButtons* pictureButtons_ = nullptr;
     QTableView* grid_ = nullptr;

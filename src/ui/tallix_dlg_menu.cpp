@@ -39,6 +39,12 @@ void CTallixDlg::buildMenus() {
 
     QMenu* edit = menuBar_->addMenu(QStringLiteral("Edit"));
     undoAction_ = edit->addAction(QStringLiteral("Undo"), this, &CTallixDlg::OnEditUndo);
+    undoAction_->setShortcut(QKeySequence::Undo);
+    addAction(undoAction_);
+    redoAction_ = edit->addAction(QStringLiteral("Redo"), this, &CTallixDlg::OnEditRedo);
+    redoAction_->setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    addAction(redoAction_);
     connect(edit, &QMenu::aboutToShow, this, &CTallixDlg::updateUndoAction);
     QAction* find = edit->addAction(QStringLiteral("Find"), this, &CTallixDlg::OnEditFind);
     find->setShortcut(QKeySequence::Find);
@@ -143,19 +149,18 @@ void CTallixDlg::connectPictureButtons() {
 }
 
 void CTallixDlg::updateUndoAction() {
-    const std::optional<std::string> label = session_.history.nextLabel();
-    undoAction_->setText(label ? QStringLiteral("Undo ") + QString::fromStdString(*label)
-                               : QStringLiteral("Undo"));
-    undoAction_->setEnabled(label.has_value());
+    const auto show = [](QAction* action, const std::optional<std::string>& text,
+                         const char* idle) {
+        action->setText(text ? QString::fromStdString(*text) : QString::fromLatin1(idle));
+        action->setEnabled(text.has_value());
+    };
+    show(undoAction_, undoText(session_), "Undo");
+    show(redoAction_, redoText(session_), "Redo");
 }
 
-void CTallixDlg::showMonthFromFile(bool settleUndo) {
+void CTallixDlg::showMonthFromFile() {
     if (session_.hasDataFile() && tallix::Refresh(session_))
         showDisplayedMonth(true);
-    // The balances worked out again right after a change to the plan (or an
-    // undo) belong to it: the next undo need not warn about them.
-    if (settleUndo)
-        session_.history.settleLast(session_.data.serialize());
     updateUndoAction();
     // A customer added, renamed, moved or deleted (or one of those undone).
     buildCustomersMenu();
@@ -178,9 +183,8 @@ void runPlanDialog(Session& session, QWidget* parent, std::string_view handlerNa
 }  // namespace
 
 void CTallixDlg::runMaintenance(const std::function<void()>& dialog) {
-    const size_t recordedBefore = session_.history.recordedCount();
     dialog();
-    showMonthFromFile(session_.history.recordedCount() != recordedBefore);
+    showMonthFromFile();
 }
 
 void CTallixDlg::OnManageExpense() {
@@ -256,10 +260,19 @@ void CTallixDlg::OnEditFind() {
 }
 
 void CTallixDlg::OnEditUndo() {
-    bool undone = false;
-    guarded(session_.prompter(), "OnEditUndo", [&] { undone = undo(session_).has_value(); });
-    if (undone)
-        showMonthFromFile(true);
+    takeBack("OnEditUndo", undo);
+}
+
+void CTallixDlg::OnEditRedo() {
+    takeBack("OnEditRedo", redo);
+}
+
+void CTallixDlg::takeBack(std::string_view handler, std::optional<std::string> (*step)(Session&)) {
+    registerGrid_->HideEditor();
+    bool moved = false;
+    guarded(session_.prompter(), handler, [&] { moved = step(session_).has_value(); });
+    if (moved)
+        showMonthFromFile();
     updateUndoAction();
 }
 

@@ -113,7 +113,7 @@ TEST_F(BackupsTest, DataAndHelpOpenTheirFilesOrSayWhere) {
     EXPECT_TRUE(env.opened.empty());
 
     prompter.shown.clear();
-    session.saveData();
+    session.saveSettled();
     inFolder(tmp.path(), [&] { displayDataFile(session); });  // not from the working folder
     test::writeFile(tmp / "tallix_help.pdf", "%PDF");
     env.viewerWorks = false;

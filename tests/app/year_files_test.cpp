@@ -135,7 +135,7 @@ TEST_F(YearFilesTest, ABlankYearIsCopiedToTheYearsOwnFile) {
         EXPECT_EQ(readFile(session.filePath), blank);
         EXPECT_EQ(indexEntryText(std::to_string(year), 0), name);
         appendTextElement(session.data.node().child("tallix"), "note", name);
-        session.saveData();
+        session.saveSettled();
     }
     EXPECT_EQ(readFile(session.inDataFolder("blank_tallix.xml")), blank);
     EXPECT_EQ(indexEntryText("2026", 0), "tallix2026.xml");

@@ -5,6 +5,7 @@
 
 #include <functional>
 
+#include "app/undo_history.h"
 #include "data/schema_names.h"
 #include "data/structure_check.h"
 #include "data/values.h"
@@ -64,9 +65,9 @@ TEST(BankMaintenance, TheBoxesDecideTheColumnsOfANewBankAndOfANewAccountDifferen
         EXPECT_EQ(year.fileBytes(), bytes);
         ASSERT_TRUE(apply());
         EXPECT_EQ(year.prompter.shown, Texts(2, kTypoQuestion));
-        EXPECT_EQ(year.session().history.nextLabel(),
-                  path == AccountPath::NewBank ? "Add bank Harbor Savings"
-                                               : "Add account Holiday Fund to Credit Union");
+        EXPECT_EQ(undoText(year.session()), path == AccountPath::NewBank
+                                                ? "Undo add bank Harbor Savings"
+                                                : "Undo add account Holiday Fund to Credit Union");
         year.reopen();
         const AccountView account =
             bankTree(year.data()).at(path == AccountPath::NewBank ? 2 : 1).accounts.back();
@@ -91,7 +92,7 @@ TEST(BankMaintenance, AnAccountUsedInMarchBalancesThereAndCarriesIntoApril) {
     // The month's last line (28 March, Gasoline 39.57, cleared) is paid from it.
     pugi::xml_node line = childAt(year.month("March"), 0);
     setChildText(line, schema::kAccount, "Holiday Fund");
-    year.session().saveData();
+    year.session().saveSettled();
     year.grid(3);
     const int reg = columnPosition(year.data(), "HF Register");
     const int bank = columnPosition(year.data(), "HF Bank");

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 
+#include "app/undo_history.h"
 #include "reference/category_maintenance.h"
 #include "reference/expense_maintenance.h"
 #include "reference/expense_months.h"
@@ -208,7 +209,7 @@ TEST(PlanMaintenance, RefusedNoOrAtTheEndLeavesTheFileAndTheDocument) {
         }
         EXPECT_EQ(year.fileBytes(), before);
         EXPECT_EQ(year.session().data.serialize(), document);
-        EXPECT_EQ(year.session().history.size(), 0u);
+        EXPECT_EQ(undoText(year.session()), std::nullopt);
     }
 }
 

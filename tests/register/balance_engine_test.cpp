@@ -56,7 +56,7 @@ TEST(BalanceEngine, AnItemAnotherCustomerHeldForAReceivableLineComesOver) {
     pugi::xml_node item = childAt(childAt(childAt(oak, 4), 2), 1);  // line 11's
     ASSERT_EQ(childText(item, 0), "11");
     childAt(childAt(elm, 4), 2).append_move(item);
-    year.session().saveData();
+    year.session().saveSettled();
 
     ASSERT_TRUE(year.show(3));
     Document saved = Document::load(year.path);

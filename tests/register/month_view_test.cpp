@@ -151,7 +151,7 @@ TEST(MonthDisplay, RefreshShowsTheFileAsItIsOnDiskAndPostsNothing) {
 
     YearFile fresh({2026, 4, 15});
     setChildText(childAt(fresh.month("April"), 0), 2, "11.00");
-    fresh.session().saveData();
+    fresh.session().saveSettled();
     std::filesystem::copy_file(fresh.path, year.path,
                                std::filesystem::copy_options::overwrite_existing);
     ASSERT_TRUE(Refresh(year.session()));
@@ -191,7 +191,7 @@ TEST(FailedCommands, SaveNothingAndSayWhere) {
     {
         test::YearFile year({2026, 4, 20});
         setChildText(childAt(year.month("April"), 1), schema::kDebit, "abc");
-        year.session().saveData();
+        year.session().saveSettled();
         const std::string bytes = test::readFile(year.path);
         const std::string before = year.session().data.serialize();
         year.session().month = 2;
@@ -208,7 +208,7 @@ TEST(FailedCommands, SaveNothingAndSayWhere) {
         test::YearFile year({2026, 3, 20});
         pugi::xml_node march = year.planMonth(paths::kIncome, "Payroll", 6, 3);
         march.insert_move_before(march.child("date"), march.child("amount"));
-        year.session().saveData();
+        year.session().saveSettled();
         const std::string bytes = test::readFile(year.path);
 
         EXPECT_FALSE(year.show(3));

@@ -94,7 +94,7 @@ TEST_F(PlanDialogsTest, ADeletedExpenseComesBackWithEditUndo) {
     EXPECT_EQ(prompter.shown[1], "Name of expense on line 19 not found ");
     ASSERT_EQ(expenseTree(session.data.node())[0].expenses.size(), 3u);
     ASSERT_TRUE(window.undoAction()->isEnabled());
-    EXPECT_EQ(window.undoAction()->text(), "Undo Delete expense Water");
+    EXPECT_EQ(window.undoAction()->text(), "Undo delete expense Water");
 
     // The month worked out again after the delete belongs to it: no warning.
     window.undoAction()->trigger();

@@ -1,5 +1,6 @@
 #include "app/undo_history.h"
 
+#include <cctype>
 #include <ctime>
 #include <stdexcept>
 
@@ -9,11 +10,16 @@
 namespace tallix {
 namespace {
 
-std::string menuText(const char* verb, const Version* v) {
-    std::string label = v->label;
+// A label with its first letter in the case asked for: "Undo rename
+// expense ..." in the menu, "Rename expense ..." in the history's list.
+std::string withFirstLetter(std::string label, int (*toCase)(int)) {
     if (!label.empty())
-        label[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(label[0])));
-    return std::string(verb) + " " + label;
+        label[0] = static_cast<char>(toCase(static_cast<unsigned char>(label[0])));
+    return label;
+}
+
+std::string menuText(const char* verb, const Version* v) {
+    return std::string(verb) + " " + withFirstLetter(v->label, std::tolower);
 }
 
 std::string localTime(long long seconds) {
@@ -96,7 +102,7 @@ std::vector<VersionLine> versionLines(Session& session) {
         return lines;
     for (size_t i = 0; i < history->versions().size(); ++i) {
         const Version& v = history->versions()[i];
-        std::string what = v.label;
+        std::string what = withFirstLetter(v.label, std::toupper);
         if (v.changes > 1)
             what += " and " + std::to_string(v.changes - 1) + " earlier change" +
                     (v.changes > 2 ? "s" : "");

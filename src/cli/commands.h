@@ -26,7 +26,8 @@ struct UsageError : std::invalid_argument {
 };
 
 // The commands that write a file (show, update-all, next-year, expense,
-// category, bank, account, card, income, customer) first take the lock a
+// category, bank, account, card, income, customer, undo, redo, history,
+// restore) first take the lock a
 // Tallix window holds on its data folder, on the folder of the file they
 // write; while a window (or another tallix-cli) holds it they print the
 // window's own refusal on standard error and return kFailed.
@@ -100,5 +101,19 @@ int runIncome(const Arguments& arguments, std::ostream& out, std::ostream& err);
 // customer add|delete FILE ...: the receivables dialog's SAVE THE NEW
 // CUSTOMER and delete, the same way.
 int runCustomer(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// undo FILE / redo FILE: Edit > Undo and Redo on FILE's version history;
+// prints "undone: WHAT" ("redone: WHAT"). kFaultsFound when there is nothing
+// to take back (make again).
+int runUndo(const Arguments& arguments, std::ostream& out, std::ostream& err);
+int runRedo(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// history FILE: File > History; a title line, then one line per version kept,
+// newest first: its number (with "*" on the current one), time and change.
+int runHistory(const Arguments& arguments, std::ostream& out, std::ostream& err);
+
+// restore FILE N: makes version N current, as a change undo takes back;
+// prints "restored: WHAT". kFaultsFound when the history keeps no version N.
+int runRestore(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
 }  // namespace tallix::cli

@@ -12,7 +12,7 @@ namespace {
 
 using tallix::cli::Command;
 
-constexpr std::array<Command, 13> kCommands = {{
+constexpr std::array<Command, 17> kCommands = {{
     {"check", "FILE",
      "report what a year data file or the index file lacks or holds out of shape, one line "
      "per fault; exit status 1 when there is any",
@@ -101,6 +101,22 @@ constexpr std::array<Command, 13> kCommands = {{
      "repeating amount and (unless N is given) number, each month's items cut down as the "
      "receivables dialog does; delete a customer. Exit status 1 as for income",
      tallix::cli::runCustomer},
+    {"undo", "FILE",
+     "take back the last change saved to FILE, by the program or by tallix-cli, as Edit > "
+     "Undo does; prints what was undone; exit status 1 when there is nothing to undo",
+     tallix::cli::runUndo},
+    {"redo", "FILE",
+     "make the change undo took back again, as Edit > Redo does; exit status 1 when there is "
+     "nothing to redo",
+     tallix::cli::runRedo},
+    {"history", "FILE",
+     "list the versions of FILE its history keeps, newest first: number (* marks the "
+     "current one), time and what changed",
+     tallix::cli::runHistory},
+    {"restore", "FILE N",
+     "make version N (as history lists it) the current one; undo takes this back; exit "
+     "status 1 when the history does not keep N",
+     tallix::cli::runRestore},
 }};
 
 void printUsage(std::ostream& to) {

@@ -228,7 +228,7 @@ TEST_F(Changes, TheHistoryOutlivesTheSessionAndRestoreIsAChangeOfItsOwn) {
     EXPECT_EQ(redoText(session()), "Redo amount of line 2, March");
     const std::vector<VersionLine> lines = versionLines(session());
     ASSERT_EQ(lines.size(), 3u);
-    EXPECT_EQ(lines[0].what, VersionHistory::kOpenedLabel);
+    EXPECT_EQ(lines[0].what, "The file as it was opened");
     EXPECT_TRUE(lines[1].current);
     EXPECT_TRUE(sameText(versionText(session(), lines[0].number), first));
     EXPECT_THROW(versionText(session(), 99), std::invalid_argument);

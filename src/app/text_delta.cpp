@@ -110,10 +110,11 @@ TextDelta diffTexts(std::string_view older, std::string_view newer) {
         older.begin());
     if (prefix == older.size() && prefix == newer.size())
         return delta;
-    size_t suffix = 0;
-    while (suffix < shorter - prefix &&
-           older[older.size() - 1 - suffix] == newer[newer.size() - 1 - suffix])
-        ++suffix;
+    size_t suffix = static_cast<size_t>(
+        std::mismatch(older.rbegin(), older.rbegin() + static_cast<long>(shorter - prefix),
+                      newer.rbegin())
+            .first -
+        older.rbegin());
     // Whole lines on both sides, so that the stretches can be split by line.
     if (prefix > 0) {
         const size_t lineEnd = older.rfind('\n', prefix - 1);

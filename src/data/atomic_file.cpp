@@ -36,14 +36,6 @@ ssize_t checkedWrite(int fd, const char* data, size_t size) {
                              std::strerror(err));
 }
 
-void syncFolder(const fs::path& folder) {
-    int dfd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (dfd >= 0) {
-        ::fsync(dfd);  // best effort: some file systems refuse fsync on folders
-        ::close(dfd);
-    }
-}
-
 // The file a save must replace: `target` itself, or, when it is a symbolic
 // link, the file at the end of its chain of links (a relative link counts
 // from the folder that holds it). The links themselves stay as they are.
@@ -150,6 +142,14 @@ void removeIfStale(const fs::path& path) {
 }
 
 }  // namespace
+
+void syncFolder(const std::filesystem::path& folder) noexcept {
+    int dfd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (dfd >= 0) {
+        ::fsync(dfd);  // best effort: some file systems refuse fsync on folders
+        ::close(dfd);
+    }
+}
 
 std::string fileKindName(unsigned mode) {
     if (S_ISREG(mode))

@@ -26,6 +26,10 @@ void writeFileAtomically(const std::filesystem::path& target, std::string_view b
 // effort: what cannot be listed or removed stays, and nothing is thrown.
 void removeStaleTempFiles(const std::filesystem::path& folder) noexcept;
 
+// Flushes a folder's entries (new names, renames, links) to disk. Best
+// effort: some file systems refuse it, and nothing is thrown.
+void syncFolder(const std::filesystem::path& folder) noexcept;
+
 // How messages name a file of this type (a stat() st_mode): "a folder",
 // "a named pipe", "a device", "a socket", "a regular file".
 std::string fileKindName(unsigned mode);

@@ -124,9 +124,6 @@ class CTallixDlg : public QDialog {
     // remembered row in view (or the scroll position as it was), and the
     // title of the displayed month.
     void showDisplayedMonth(bool keepScrollPosition = false);
-    // A column's width on screen from its definition's width (pixels at six
-    // per character), in the grid's font and wide enough for its title.
-    int columnPixels(int definitionWidth, const QString& title) const;
     // Widens the window, within the screen, to show every column.
     void fitWidthToGrid();
 

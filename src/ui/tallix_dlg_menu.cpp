@@ -161,7 +161,8 @@ void CTallixDlg::updateUndoAction() {
 void CTallixDlg::showMonthFromFile() {
     if (session_.hasDataFile() && tallix::Refresh(session_))
         showDisplayedMonth(true);
-    updateUndoAction();
+    else
+        updateUndoAction();  // a Refresh that failed may still have read a changed file
     // A customer added, renamed, moved or deleted (or one of those undone).
     buildCustomersMenu();
 }
@@ -273,7 +274,8 @@ void CTallixDlg::takeBack(std::string_view handler, std::optional<std::string> (
     guarded(session_.prompter(), handler, [&] { moved = step(session_).has_value(); });
     if (moved)
         showMonthFromFile();
-    updateUndoAction();
+    else
+        updateUndoAction();  // a failed step leaves the history where the file is
 }
 
 }  // namespace tallix::ui

@@ -81,6 +81,9 @@ class CTallixDlg : public QDialog {
     // A double click on a column header of the grid: the width dialog for
     // that column, then the month again with the new width.
     void OnColumnWidth(int gridColumn);
+    // File > History: the versions of the year file; after a restore the
+    // month is shown as the file now holds it.
+    void OnFileHistory();
     // Edit > Undo (Ctrl+Z) and Redo (Ctrl+Shift+Z, Ctrl+Y): an open cell
     // edit is committed first, then the change is taken back (made again)
     // and the month shown again.

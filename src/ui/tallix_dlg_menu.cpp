@@ -17,6 +17,7 @@
 #include "ui/description_dlg.h"
 #include "ui/expense_dlg.h"
 #include "ui/find_dlg.h"
+#include "ui/history_dlg.h"
 #include "ui/income_dlg.h"
 #include "ui/picture_buttons.h"
 #include "ui/receivables_dlg.h"
@@ -35,6 +36,7 @@ constexpr const char* kReportItems[] = {"Expense Year to date totals", "Monthly 
 
 void CTallixDlg::buildMenus() {
     QMenu* file = menuBar_->addMenu(QStringLiteral("File"));
+    file->addAction(QStringLiteral("History"), this, &CTallixDlg::OnFileHistory);
     file->addAction(QStringLiteral("Exit"), this, &CTallixDlg::OnBnClickedCancel);
 
     QMenu* edit = menuBar_->addMenu(QStringLiteral("Edit"));
@@ -238,6 +240,12 @@ void CTallixDlg::OnManageRmd() {
 
 void CTallixDlg::OnManageDescription() {
     runMaintenance([this] { runPlanDialog<CDescriptionDlg>(session_, this, "editDescription"); });
+}
+
+void CTallixDlg::OnFileHistory() {
+    // What is being typed in the grid becomes a version before the list is read.
+    registerGrid_->HideEditor();
+    runMaintenance([this] { runPlanDialog<CHistoryDlg>(session_, this, "OnFileHistory"); });
 }
 
 void CTallixDlg::OnColumnWidth(int gridColumn) {

@@ -39,6 +39,14 @@ QTableWidgetItem* listCell(const std::string& text, bool current) {
     return item;
 }
 
+// The labels come as the Edit menu puts them after "Undo"; in the list each
+// starts with a capital.
+std::string sentence(std::string text) {
+    if (!text.empty())
+        text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
+    return text;
+}
+
 std::string versionName(const VersionLine& line) {
     return "version " + std::to_string(line.number) + " of " + line.time;
 }
@@ -77,8 +85,8 @@ CHistoryDlg::CHistoryDlg(Session& session, QWidget* parent)
         list_->insertRow(r);
         list_->setItem(r, 0, listCell(std::to_string(line.number), line.current));
         list_->setItem(r, 1, listCell(line.time, line.current));
-        list_->setItem(r, 2,
-                       listCell(line.what + (line.current ? kCurrentMark : ""), line.current));
+        list_->setItem(
+            r, 2, listCell(sentence(line.what) + (line.current ? kCurrentMark : ""), line.current));
         if (line.current)
             currentRow = r;
     }
@@ -151,7 +159,8 @@ void CHistoryDlg::OnRestore() {
 CVersionDlg::CVersionDlg(Session& session, const VersionLine& line, QWidget* parent)
     : QDialog(parent),
       version_(std::make_unique<Session>(session.env(), session.prompter())),
-      caption_(session.fileName + ", " + versionName(line)) {
+      caption_(session.fileName + ", " + versionName(line)),
+      about_(sentence(versionName(line)) + " (" + sentence(line.what) + ")") {
     setObjectName(QStringLiteral("versionDialog"));
     Session& v = *version_;
     v.readOnly = true;
@@ -209,8 +218,9 @@ void CVersionDlg::showMonth(int month) {
     grid_->scrollToTop();
     monthButtons_->press(month);
     setWindowTitle(QString::fromStdString(v.title() + " \u2014 " + caption_ + " (read-only)"));
-    note_->setText(hasLines ? QStringLiteral("Read-only: nothing shown here is saved.")
-                            : QString::fromStdString(name + " has no lines in this version."));
+    const std::string shown =
+        hasLines ? "nothing shown here is saved." : name + " has no lines in this version.";
+    note_->setText(QString::fromStdString(about_ + ", read-only: " + shown));
 }
 
 }  // namespace tallix::ui

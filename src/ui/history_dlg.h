@@ -81,7 +81,8 @@ class CVersionDlg : public QDialog {
 
   private:
     std::unique_ptr<Session> version_;
-    std::string caption_;
+    std::string caption_;  // "<file>, version N of TIME"
+    std::string about_;    // "Version N of TIME (what changed)"
     MonthButtons* monthButtons_ = nullptr;
     QTableView* grid_ = nullptr;
     GridModel* gridModel_ = nullptr;

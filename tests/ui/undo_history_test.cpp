@@ -106,7 +106,7 @@ TEST_F(UndoHistoryTest, HistoryOpensAnOlderVersionReadOnlyAndRestoresIt) {
         ASSERT_NE(history, nullptr);
         QTableWidget* list = history->list();
         ASSERT_EQ(list->rowCount(), 2);  // newest first
-        EXPECT_EQ(list->item(0, 2)->text(), "amount of line 2, November  \u2190 current");
+        EXPECT_EQ(list->item(0, 2)->text(), "Amount of line 2, November  \u2190 current");
         EXPECT_TRUE(list->item(0, 0)->font().bold());
         EXPECT_FALSE(history->restoreButton()->isEnabled());
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {},

@@ -52,7 +52,7 @@ void expenseCellClicked(Session& session, int row, int column, LineChoices& choi
     const bool filled = pickIntoExpenseCell(session, row, column, choices);
     mark(session, -1, -1);
     if (filled)
-        OnToolsUpdate(session);
+        updateAfterChange(session);
 }
 
 void AddItem(Session& session, int row, int column, LineChoices& choices) {
@@ -73,7 +73,7 @@ void AddItem(Session& session, int row, int column, LineChoices& choices) {
         }
         mark(session, row, column);
         runRowOperation(session, row, choices.pickRowOperation(row), choices);
-        OnToolsUpdate(session);
+        updateAfterChange(session);
     });
 }
 

@@ -159,7 +159,7 @@ bool HideEditor(Session& session, int row, int column, const std::string& typed)
             [&] { done = commitCell(session, row, column, typed); });
     session.view.committing = false;
     if (done)
-        OnToolsUpdate(session);
+        updateAfterChange(session);
     return done;
 }
 

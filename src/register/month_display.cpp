@@ -105,12 +105,26 @@ bool Refresh(Session& session) {
     });
 }
 
-bool OnToolsUpdate(Session& session) {
+namespace {
+
+// `label` names the update as a change of its own; without, it is saved as
+// part of the current version.
+bool update(Session& session, const std::string* label) {
     return guarded(session.prompter(), "OnToolsUpdate", [&] {
-        const std::string label = "update of " + monthName(session.month);
         savingChanges(
-            session, [&](bool& changed) { changed = recomputeMonth(session, true); }, &label);
+            session, [&](bool& changed) { changed = recomputeMonth(session, true); }, label);
     });
+}
+
+}  // namespace
+
+bool OnToolsUpdate(Session& session) {
+    const std::string label = "update of " + monthName(session.month);
+    return update(session, &label);
+}
+
+bool updateAfterChange(Session& session) {
+    return update(session, nullptr);
 }
 
 bool OnToolsUpdateallmonths(Session& session) {

@@ -40,8 +40,13 @@ bool displayMonth(Session& session, const std::string& monthText);
 bool Refresh(Session& session);
 
 // Update: posts what is due, reloads the month's lines and reruns the engine.
-// Failures show "runtime error in OnToolsUpdate() ".
+// Failures show "runtime error in OnToolsUpdate() ". What it changes is a
+// change of its own ("update of <month>") that Edit > Undo takes back.
 bool OnToolsUpdate(Session& session);
+// The same update after a change the user just made (a commit, a pick, a row
+// operation): what it changes belongs to that change, so one Edit > Undo
+// takes back both.
+bool updateAfterChange(Session& session);
 
 // Update all months: shows January to December in turn, so that each month's
 // closing reaches the next. Leaves December displayed. Failures stop the walk

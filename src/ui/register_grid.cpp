@@ -121,7 +121,7 @@ bool RegisterGrid::HideEditor() {
         guarded(session_.prompter(), "HideEditor", [&] { done = setLineDay(session_, row, text); });
         v.committing = false;
         if (done)
-            tallix::OnToolsUpdate(session_);
+            tallix::updateAfterChange(session_);
     } else {
         done = tallix::HideEditor(session_, row, column, text);
     }
@@ -349,7 +349,7 @@ void RegisterGrid::pickStatus(int row) {
     if (!status)
         return;
     writeStatus(session_, row, *status);
-    tallix::OnToolsUpdate(session_);
+    tallix::updateAfterChange(session_);
     redraw_();
 }
 
@@ -368,7 +368,7 @@ void RegisterGrid::pickInstitution(int row) {
             writeInstitution(session_, row, choice.institution, choice.account);
             break;
     }
-    tallix::OnToolsUpdate(session_);
+    tallix::updateAfterChange(session_);
     redraw_();
 }
 

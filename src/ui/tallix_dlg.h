@@ -81,6 +81,9 @@ class CTallixDlg : public QDialog {
     // A double click on a column header of the grid: the width dialog for
     // that column, then the month again with the new width.
     void OnColumnWidth(int gridColumn);
+    // File > History: the versions of the year file; after a restore the
+    // month is shown as the file now holds it.
+    void OnFileHistory();
     // Edit > Undo (Ctrl+Z) and Redo (Ctrl+Shift+Z, Ctrl+Y): an open cell
     // edit is committed first, then the change is taken back (made again)
     // and the month shown again.
@@ -124,9 +127,6 @@ class CTallixDlg : public QDialog {
     // remembered row in view (or the scroll position as it was), and the
     // title of the displayed month.
     void showDisplayedMonth(bool keepScrollPosition = false);
-    // A column's width on screen from its definition's width (pixels at six
-    // per character), in the grid's font and wide enough for its title.
-    int columnPixels(int definitionWidth, const QString& title) const;
     // Widens the window, within the screen, to show every column.
     void fitWidthToGrid();
 

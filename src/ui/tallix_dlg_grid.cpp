@@ -1,13 +1,10 @@
 // The main window's register grid and the commands that recompute it.
 #include <algorithm>
 
-#include <QFontMetrics>
-#include <QFontMetricsF>
 #include <QHeaderView>
 #include <QLayout>
 #include <QScreen>
 #include <QScrollBar>
-#include <QStyle>
 #include <QTableView>
 
 #include "app/guard.h"
@@ -16,34 +13,10 @@
 #include "ui/grid_model.h"
 #include "ui/month_buttons.h"
 #include "ui/register_grid.h"
+#include "ui/register_table.h"
 #include "ui/tallix_dlg.h"
 
 namespace tallix::ui {
-namespace {
-
-// The column definitions give widths in characters, which the register turns
-// into pixels at this many per character.
-constexpr double kDefinitionPixelsPerCharacter = 6.0;
-
-}  // namespace
-
-int CTallixDlg::columnPixels(int definitionWidth, const QString& title) const {
-    if (definitionWidth <= 1)
-        return definitionWidth;  // column 0 stays a hairline
-    // Drawn at the grid font's own character width, with room for the margins
-    // the style keeps either side of a cell's text, and never narrower than
-    // the column's title.
-    QStyle* style = grid_->style();
-    const double perCharacter = QFontMetricsF(grid_->font()).averageCharWidth();
-    const int cellMargins =
-        2 * (style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, grid_) + 1) + 1;
-    const int cell =
-        qRound(definitionWidth * perCharacter / kDefinitionPixelsPerCharacter) + cellMargins;
-    QHeaderView* header = grid_->horizontalHeader();
-    const int titleWidth = header->fontMetrics().horizontalAdvance(title) +
-                           2 * style->pixelMetric(QStyle::PM_HeaderMargin, nullptr, header) + 2;
-    return std::max(cell, titleWidth);
-}
 
 void CTallixDlg::fitWidthToGrid() {
     int wanted = 2 * grid_->frameWidth() + grid_->verticalScrollBar()->sizeHint().width();
@@ -58,23 +31,9 @@ void CTallixDlg::fitWidthToGrid() {
 
 void CTallixDlg::setUpGrid() {
     grid_->setModel(gridModel_);
-    grid_->setShowGrid(true);
-    QFont font(QStringLiteral("Courier New"), 9);
-    font.setStyleHint(QFont::TypeWriter);
-    grid_->setFont(font);
-    grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grid_->setSelectionMode(QAbstractItemView::SingleSelection);
-    grid_->setWordWrap(false);
-    grid_->verticalHeader()->hide();
-    const int rowHeight = QFontMetrics(font).height() + 4;
-    grid_->verticalHeader()->setMinimumSectionSize(rowHeight);
-    grid_->verticalHeader()->setDefaultSectionSize(rowHeight);
-    grid_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    QHeaderView* header = grid_->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setMinimumSectionSize(1);  // column 0 is one pixel wide
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    connect(header, &QHeaderView::sectionDoubleClicked, this, &CTallixDlg::OnColumnWidth);
+    styleRegisterTable(grid_);
+    connect(grid_->horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
+            &CTallixDlg::OnColumnWidth);
     // Typing, clicks and the pickers; after a change the same month is shown
     // again where the user scrolled it.
     registerGrid_ = new RegisterGrid(
@@ -89,11 +48,7 @@ void CTallixDlg::showDisplayedMonth(bool keepScrollPosition) {
     if (!keepScrollPosition)
         session_.view.cellOverrides.clear();
     gridModel_->reload();
-    const auto& columns = session_.view.grid.columns;
-    for (size_t i = 0; i < columns.size(); ++i)
-        grid_->setColumnWidth(
-            static_cast<int>(i),
-            columnPixels(columns[i].width, QString::fromStdString(columns[i].title)));
+    sizeRegisterColumns(grid_, session_.view.grid);
     const int remembered = session_.view.rememberedRow;
     if (keepScrollPosition) {
         grid_->horizontalScrollBar()->setValue(scrolled.x());
@@ -105,6 +60,10 @@ void CTallixDlg::showDisplayedMonth(bool keepScrollPosition) {
     setWindowTitle(QString::fromStdString(session_.title()));
     // The green month button is always the month on screen.
     monthButtons_->press(session_.month);
+    // Every change the window makes ends with its month shown again, so this
+    // is where Edit > Undo and Redo learn of it (their keys work only while
+    // they are enabled).
+    updateUndoAction();
 }
 
 void CTallixDlg::Refresh() {

@@ -17,6 +17,7 @@
 #include "ui/description_dlg.h"
 #include "ui/expense_dlg.h"
 #include "ui/find_dlg.h"
+#include "ui/history_dlg.h"
 #include "ui/income_dlg.h"
 #include "ui/picture_buttons.h"
 #include "ui/receivables_dlg.h"
@@ -35,6 +36,7 @@ constexpr const char* kReportItems[] = {"Expense Year to date totals", "Monthly 
 
 void CTallixDlg::buildMenus() {
     QMenu* file = menuBar_->addMenu(QStringLiteral("File"));
+    file->addAction(QStringLiteral("History"), this, &CTallixDlg::OnFileHistory);
     file->addAction(QStringLiteral("Exit"), this, &CTallixDlg::OnBnClickedCancel);
 
     QMenu* edit = menuBar_->addMenu(QStringLiteral("Edit"));
@@ -161,7 +163,8 @@ void CTallixDlg::updateUndoAction() {
 void CTallixDlg::showMonthFromFile() {
     if (session_.hasDataFile() && tallix::Refresh(session_))
         showDisplayedMonth(true);
-    updateUndoAction();
+    else
+        updateUndoAction();  // a Refresh that failed may still have read a changed file
     // A customer added, renamed, moved or deleted (or one of those undone).
     buildCustomersMenu();
 }
@@ -239,6 +242,12 @@ void CTallixDlg::OnManageDescription() {
     runMaintenance([this] { runPlanDialog<CDescriptionDlg>(session_, this, "editDescription"); });
 }
 
+void CTallixDlg::OnFileHistory() {
+    // What is being typed in the grid becomes a version before the list is read.
+    registerGrid_->HideEditor();
+    runMaintenance([this] { runPlanDialog<CHistoryDlg>(session_, this, "OnFileHistory"); });
+}
+
 void CTallixDlg::OnColumnWidth(int gridColumn) {
     // What is being typed in the grid is kept before the month is shown again.
     registerGrid_->HideEditor();
@@ -273,7 +282,8 @@ void CTallixDlg::takeBack(std::string_view handler, std::optional<std::string> (
     guarded(session_.prompter(), handler, [&] { moved = step(session_).has_value(); });
     if (moved)
         showMonthFromFile();
-    updateUndoAction();
+    else
+        updateUndoAction();  // a failed step leaves the history where the file is
 }
 
 }  // namespace tallix::ui

@@ -34,11 +34,12 @@ constexpr std::array<Command, 13> kCommands = {{
      "make next year's data file (FILE, default tallixYEAR+1.xml) from the file the index in "
      "DATAROOT/tallix names for YEAR, enter it in the index and print its path",
      tallix::cli::runNextYear},
-    {"report", "KIND FILE [--month M] [--today YYYY-MM-DD]",
+    {"report", "KIND FILE [--month M] [--today YYYY-MM-DD] [--data-root DIR]",
      "print a report's columns and rows as comma-separated lines and write its file "
-     "(yearendreport.csv, monthendreport.csv, monthendreceivablereport.csv) into the working "
-     "folder; KIND is recurring (for month M, default today's), year, monthly, "
-     "receivables-monthly or receivables-year",
+     "(yearendreport.csv, monthendreport.csv, monthendreceivablereport.csv) into "
+     "~/Documents/tallix/reports as the program does (DIR/Documents/tallix/reports with "
+     "--data-root DIR), naming it on standard error; KIND is recurring (for month M, default "
+     "today's), year, monthly, receivables-monthly or receivables-year",
      tallix::cli::runReport},
     {"expense",
      "rename FILE CATEGORY OLD NEW [--lines]\n"

@@ -6,6 +6,7 @@
 
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QLabel>
 #include <QScrollBar>
 #include <QTableWidget>
 #include <QTimer>
@@ -311,6 +312,32 @@ TEST_F(MainWindowTest, TheRecurringListEndsWithItsTotalsAndColoursWhatIsNotPaid)
     EXPECT_TRUE(firstCells.contains("TOTAL"));
     EXPECT_TRUE(firstCells.contains("LEFT TO PAY"));
     EXPECT_TRUE(redSeen);
+}
+
+TEST_F(MainWindowTest, ReportFilesGoToDocumentsAndTheDialogNamesThem) {
+    start();
+    const std::filesystem::path reports = tmp / "docs" / "tallix" / "reports";
+    QString named;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<ui::CRecurringDlg*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        named = dialog->fileLabel()->text();
+        dialog->accept();
+    });
+    window.OnReport(static_cast<int>(ReportKind::MonthlyExpenses));
+    EXPECT_EQ(named.toStdString(), "Written to " + (reports / "monthendreport.csv").string());
+    EXPECT_TRUE(std::filesystem::exists(reports / "monthendreport.csv"));
+
+    // PRINT of a list without a file of its own: written there too, and
+    // named when no viewer starts.
+    env.viewerWorks = false;
+    ui::CRecurringDlg dialog(session, buildReport(session.data.node(), ReportKind::Recurring, 12));
+    QTest::mouseClick(dialog.printButton(), Qt::LeftButton);
+    const std::filesystem::path printed = reports / "recurringreport.csv";
+    EXPECT_TRUE(std::filesystem::exists(printed));
+    EXPECT_EQ(
+        prompter.shown,
+        Texts{"No program to show this file could be started. The report is " + printed.string()});
 }
 
 TEST_F(MainWindowTest, MakeNextYearOffersTheNextNameAndRefusesTheCurrentOne) {

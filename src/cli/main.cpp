@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "cli/commands.h"
+#include "tallix_build.h"
 
 namespace {
 
@@ -109,7 +110,8 @@ void printUsage(std::ostream& to) {
     for (const Command& command : kCommands)
         to << "  " << command.name << ' ' << command.arguments << "\n      " << command.summary
            << '\n';
-    to << "  help\n      show this text\n"
+    to << "  help, --help\n      show this text\n"
+       << "  --version\n      print the version\n"
        << "\nexit status: 0 done, 1 faults found, 2 wrong command or arguments, 3 failed\n";
 }
 
@@ -121,6 +123,10 @@ int run(int argc, char** argv) {
     std::string_view name = argv[1];
     if (name == "help" || name == "--help" || name == "-h") {
         printUsage(std::cout);
+        return tallix::cli::kOk;
+    }
+    if (name == "--version") {
+        std::cout << "tallix-cli " << TALLIX_VERSION << '\n';
         return tallix::cli::kOk;
     }
     for (const Command& command : kCommands) {

@@ -1,5 +1,6 @@
 #include "ui/desktop_environment.h"
 
+#include <QCoreApplication>
 #include <QDate>
 #include <QDesktopServices>
 #include <QStandardPaths>
@@ -53,6 +54,10 @@ bool DesktopEnvironment::openWithViewer(const std::filesystem::path& file) {
         return false;
     return QDesktopServices::openUrl(
         QUrl::fromLocalFile(QString::fromStdString(std::filesystem::absolute(file).string())));
+}
+
+ProgramFiles programFiles() {
+    return programFilesFor(QCoreApplication::applicationDirPath().toStdString());
 }
 
 }  // namespace tallix::ui

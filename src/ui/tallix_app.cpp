@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QIcon>
 #include <QMessageBox>
 #include <clocale>
 
 #include "app/instance_lock.h"
 #include "app/session.h"
+#include "tallix_build.h"
 #include "ui/desktop_environment.h"
 #include "ui/qt_prompter.h"
 #include "ui/tallix_dlg.h"
@@ -19,9 +21,16 @@ int CTallixApp::run(int argc, char** argv) {
     // locale; Qt has just switched the C library to it.
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName(QStringLiteral("Tallix"));
+    QApplication::setApplicationVersion(QStringLiteral(TALLIX_VERSION));
+    // The desktop entry share/applications/tallix.desktop and its icon.
+    QApplication::setDesktopFileName(QStringLiteral("tallix"));
+    QApplication::setWindowIcon(QIcon(QString::fromStdString(programFiles().iconFile.string())));
 
     QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Plans and tracks a household's money month by month."));
     parser.addHelpOption();
+    parser.addVersionOption();
     QCommandLineOption dataRoot(QStringLiteral("data-root"),
                                 QStringLiteral("Use DIR in place of the per-user data folder."),
                                 QStringLiteral("DIR"));

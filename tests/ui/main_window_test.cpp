@@ -15,6 +15,7 @@
 
 #include "app/backups.h"
 #include "app/next_year.h"
+#include "app/program_files.h"
 #include "app/year_files.h"
 #include "data/query.h"
 #include "data/values.h"
@@ -255,23 +256,16 @@ TEST_F(MainWindowTest, TheCustomersMenuStaysWithoutCustomers) {
     EXPECT_EQ(window.menuBar()->actions().back()->text(), "Customers");
 }
 
-TEST_F(MainWindowTest, PictureButtonImagesComeFromTheWorkingFolderAndMayBeMissing) {
-    auto before = std::filesystem::current_path();
-    std::filesystem::current_path(TALLIX_BINARY_DIR);
-    {
-        ui::CTallixDlg other(session);
-        for (int i = 0; i < ui::PictureButtons::kTaskCount; ++i) {
-            QToolButton* b = other.pictureButtons()->button(ui::PictureButtons::Task(i));
-            EXPECT_FALSE(b->icon().isNull()) << i;
-            EXPECT_EQ(b->iconSize(), QSize(48, 48)) << i;
-        }
+TEST_F(MainWindowTest, PictureButtonImagesComeFromTheProgramsFolderAndMayBeMissing) {
+    // The build folder holds the executable and res/ beside it.
+    ui::PictureButtons found(programFilesFor(TALLIX_BINARY_DIR).imageFolder);
+    for (int i = 0; i < ui::PictureButtons::kTaskCount; ++i) {
+        QToolButton* b = found.button(ui::PictureButtons::Task(i));
+        EXPECT_FALSE(b->icon().isNull()) << i;
+        EXPECT_EQ(b->iconSize(), QSize(48, 48)) << i;
     }
-    std::filesystem::current_path(tmp.path());
-    {
-        ui::CTallixDlg other(session);
-        EXPECT_TRUE(other.pictureButtons()->button(ui::PictureButtons::kBank)->icon().isNull());
-    }
-    std::filesystem::current_path(before);
+    ui::PictureButtons missing(tmp.path());
+    EXPECT_TRUE(missing.button(ui::PictureButtons::kBank)->icon().isNull());
 }
 
 TEST_F(MainWindowTest, EscapeRunsTheExitWithItsBackupsAndEnterDoesNotClose) {

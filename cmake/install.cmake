@@ -40,7 +40,8 @@ endif()
 
 # The Debian package. Its dependencies are read from the libraries the two
 # programs link (dpkg-shlibdeps): Qt 6 and pugixml, the C++ runtime. The Help
-# command and PRINT open files through the desktop (xdg-open).
+# command and PRINT open files through the desktop (xdg-open); the guide is a
+# PDF. Without a viewer the program says where the file is.
 set(CPACK_PACKAGE_NAME tallix)
 set(CPACK_PACKAGE_VENDOR "Tallix developers")
 set(CPACK_PACKAGE_CONTACT "Tallix developers <tallix@example.org>")
@@ -57,4 +58,5 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS pdf-viewer)
 include(CPack)

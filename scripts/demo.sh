@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
-bash scripts/build.sh default tallix tallix-cli tallix-button-images tallix-help
+bash scripts/build.sh default tallix tallix-cli tallix-button-images tallix-help tallix-app-icon
 root="$(mktemp -d -t tallix-demo-XXXXXX)"
 mkdir -p "$root/tallix"
 cp examples/tallix2026.xml "$root/tallix/"
@@ -16,5 +16,4 @@ sed '/<year year="2026">/,/<\/year>/ {
 # Carry each month's closing into the next, as Tools > Update all months does.
 ./build/default/tallix-cli update-all "$root/tallix/tallix2026.xml" 2>/dev/null || true
 echo "Sample year copied to $root/tallix" >&2
-cd build/default
-exec ./tallix --data-root "$root"
+exec build/default/tallix --data-root "$root"

@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# Installs what building, running and testing Tallix needs on Debian 12.
-# Runs apt-get directly as root, through sudo otherwise. Safe to run again.
+# Installs what building, running and testing Tallix needs on Debian 12, and
+# the further packages named as arguments (scripts/package.sh names those of
+# packaging). Runs apt-get directly as root, through sudo otherwise. Safe to
+# run again.
 set -euo pipefail
 
 packages=(
     build-essential cmake ninja-build pkg-config
     qt6-base-dev libpugixml-dev zlib1g-dev libgtest-dev libgmock-dev libbenchmark-dev
     xvfb xauth xdg-utils locales
+    "$@"
 )
 
 if [ "$(id -u)" -eq 0 ]; then

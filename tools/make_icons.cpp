@@ -1,8 +1,13 @@
 // tallix-make-icons OUTDIR
+// tallix-make-icons --app-icon OUTDIR
 //
 // Paints the nine picture-button images of the main window as flat 48x48
 // icons on a white ground and writes them as 24-bit BMP files into OUTDIR
 // (the repository's res/ folder). Each file is read back and checked.
+//
+// With --app-icon: paints the program's icon, the piggy bank of the income
+// button on a transparent ground, at the icon theme's sizes into
+// OUTDIR/hicolor/NxN/apps/tallix.png (the build does this).
 #include <QDir>
 #include <QFont>
 #include <QGuiApplication>
@@ -293,6 +298,38 @@ struct Icon {
     std::function<void(QPainter&)> draw;
 };
 
+bool makeFolder(const QString& path) {
+    if (QDir().mkpath(path))
+        return true;
+    std::fprintf(stderr, "tallix-make-icons: cannot create %s\n", qPrintable(path));
+    return false;
+}
+
+// The program's icon at each size of the icon theme, each drawn at its size.
+int paintAppIcon(const QDir& out) {
+    int failures = 0;
+    for (int size : {16, 32, 48, 64, 128, 256}) {
+        const QString folder = out.filePath(QStringLiteral("hicolor/%1x%1/apps").arg(size));
+        if (!makeFolder(folder))
+            return 1;
+        QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        {
+            QPainter painter(&image);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.scale(size / qreal(kSize), size / qreal(kSize));
+            drawPiggy(painter);
+        }
+        const QString path = folder + QStringLiteral("/tallix.png");
+        const bool saved = image.save(path, "PNG");
+        if (!saved || QImage(path).size() != QSize(size, size)) {
+            std::fprintf(stderr, "tallix-make-icons: cannot write %s\n", qPrintable(path));
+            ++failures;
+        }
+    }
+    return failures == 0 ? 0 : 1;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -300,15 +337,16 @@ int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
 
     const QStringList args = QGuiApplication::arguments();
-    if (args.size() != 2) {
-        std::fprintf(stderr, "usage: tallix-make-icons OUTDIR\n");
+    const bool appIcon = args.size() == 3 && args.at(1) == QStringLiteral("--app-icon");
+    if (args.size() != 2 && !appIcon) {
+        std::fprintf(stderr, "usage: tallix-make-icons [--app-icon] OUTDIR\n");
         return 2;
     }
-    QDir out(args.at(1));
-    if (!out.exists() && !QDir().mkpath(out.path())) {
-        std::fprintf(stderr, "tallix-make-icons: cannot create %s\n", qPrintable(out.path()));
+    QDir out(args.back());
+    if (!makeFolder(out.path()))
         return 1;
-    }
+    if (appIcon)
+        return paintAppIcon(out);
 
     const std::vector<Icon> icons = {
         {"refresh.bmp", drawRefresh},       {"update.bmp", drawUpdate},

@@ -33,8 +33,8 @@ void displayDataFile(Session& session) {
     openWithViewer(session, session.filePath, "XML not found");
 }
 
-void openHelp(Session& session) {
-    openWithViewer(session, kHelpFile, "pdf not found");
+void openHelp(Session& session, const std::filesystem::path& helpFile) {
+    openWithViewer(session, helpFile, "pdf not found");
 }
 
 std::optional<std::filesystem::path> offerSaveDataFile(Session& session) {

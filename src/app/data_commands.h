@@ -12,9 +12,9 @@ inline constexpr const char* kHelpFile = "tallix_help.pdf";
 // Opens the open year file (wherever it is) with the system viewer; "XML not
 // found" when the file is gone, and where it is when no viewer starts.
 void displayDataFile(Session& session);
-// Opens "tallix_help.pdf" from the working directory; "pdf not found" when
-// missing, and where the help is when no PDF viewer starts.
-void openHelp(Session& session);
+// Opens the help document `helpFile` (see program_files.h); "pdf not found"
+// when missing, and where the help is when no PDF viewer starts.
+void openHelp(Session& session, const std::filesystem::path& helpFile);
 // Data > Save data file: an export. Asks where to write a copy of the year
 // file (suggesting its name) and writes it there, atomically; nothing when
 // the choice is cancelled. A place inside the data folder is refused with

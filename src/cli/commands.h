@@ -61,10 +61,11 @@ int runUpdateAll(const Arguments& arguments, std::ostream& out, std::ostream& er
 // index in DATAROOT/tallix names for YEAR; prints the new file's path.
 int runNextYear(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
-// report KIND FILE [--month M] [--today YYYY-MM-DD]: prints the report's
-// column titles and rows as comma-separated lines and writes the report's own
-// file into the working folder. M (default: today's month) is the month of
-// the recurring report.
+// report KIND FILE [--month M] [--today YYYY-MM-DD] [--data-root DIR]:
+// prints the report's column titles and rows as comma-separated lines and
+// writes the report's own file into Documents/tallix/reports, as the program
+// does (DIR/Documents with --data-root DIR, else ~/Documents), naming it on
+// `err`. M (default: today's month) is the month of the recurring report.
 int runReport(const Arguments& arguments, std::ostream& out, std::ostream& err);
 
 // expense rename|move|apply FILE ...: the expense dialog's SAVE ABOVE

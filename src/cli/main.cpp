@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "cli/commands.h"
+#include "tallix_build.h"
 
 namespace {
 
@@ -34,11 +35,12 @@ constexpr std::array<Command, 17> kCommands = {{
      "make next year's data file (FILE, default tallixYEAR+1.xml) from the file the index in "
      "DATAROOT/tallix names for YEAR, enter it in the index and print its path",
      tallix::cli::runNextYear},
-    {"report", "KIND FILE [--month M] [--today YYYY-MM-DD]",
+    {"report", "KIND FILE [--month M] [--today YYYY-MM-DD] [--data-root DIR]",
      "print a report's columns and rows as comma-separated lines and write its file "
-     "(yearendreport.csv, monthendreport.csv, monthendreceivablereport.csv) into the working "
-     "folder; KIND is recurring (for month M, default today's), year, monthly, "
-     "receivables-monthly or receivables-year",
+     "(yearendreport.csv, monthendreport.csv, monthendreceivablereport.csv) into "
+     "~/Documents/tallix/reports as the program does (DIR/Documents/tallix/reports with "
+     "--data-root DIR), naming it on standard error; KIND is recurring (for month M, default "
+     "today's), year, monthly, receivables-monthly or receivables-year",
      tallix::cli::runReport},
     {"expense",
      "rename FILE CATEGORY OLD NEW [--lines]\n"
@@ -124,7 +126,8 @@ void printUsage(std::ostream& to) {
     for (const Command& command : kCommands)
         to << "  " << command.name << ' ' << command.arguments << "\n      " << command.summary
            << '\n';
-    to << "  help\n      show this text\n"
+    to << "  help, --help\n      show this text\n"
+       << "  --version\n      print the version\n"
        << "\nexit status: 0 done, 1 faults found, 2 wrong command or arguments, 3 failed\n";
 }
 
@@ -136,6 +139,10 @@ int run(int argc, char** argv) {
     std::string_view name = argv[1];
     if (name == "help" || name == "--help" || name == "-h") {
         printUsage(std::cout);
+        return tallix::cli::kOk;
+    }
+    if (name == "--version") {
+        std::cout << "tallix-cli " << TALLIX_VERSION << '\n';
         return tallix::cli::kOk;
     }
     for (const Command& command : kCommands) {

@@ -23,8 +23,13 @@ void takeMonth(Arguments& arguments, int& month) {
 
 int runReport(const Arguments& given, std::ostream& out, std::ostream& err) {
     Arguments arguments = given;
-    int month = takeToday(arguments).month;
+    const Date today = takeToday(arguments);
+    int month = today.month;
     takeMonth(arguments, month);
+    // The program's Documents folder: DIR/Documents under --data-root DIR.
+    std::filesystem::path documents = TerminalEnvironment(today, {}).documentsFolder();
+    if (std::optional<std::string> root = takeOption(arguments, "--data-root", "a folder"))
+        documents = std::filesystem::path(*root) / "Documents";
     if (arguments.size() != 2)
         return kUsage;
     std::optional<ReportKind> kind = reportKindFromCliName(arguments[0]);
@@ -37,7 +42,10 @@ int runReport(const Arguments& given, std::ostream& out, std::ostream& err) {
     TerminalPrompter prompter(err);
     bool done = guarded(prompter, reportLayout(*kind).handlerName, [&] {
         Report report = buildReport(data.node(), *kind, month);
-        writeReportFile(report, std::filesystem::current_path());
+        std::error_code ec;
+        const std::filesystem::path folder = std::filesystem::absolute(reportFolder(documents), ec);
+        if (std::optional<std::filesystem::path> file = writeReportFile(report, folder))
+            err << "report file: " << file->string() << '\n';
         out << rowsAsCsv(report);
     });
     return done ? kOk : kFailed;

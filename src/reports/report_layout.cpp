@@ -139,11 +139,16 @@ std::string rowsAsCsv(const Report& report) {
     return text;
 }
 
+std::filesystem::path reportFolder(const std::filesystem::path& documentsFolder) {
+    return documentsFolder / "tallix" / "reports";
+}
+
 std::optional<std::filesystem::path> writeReportFile(const Report& report,
                                                      const std::filesystem::path& folder) {
     const std::string& name = reportLayout(report.kind).fileName;
     if (name.empty())
         return std::nullopt;
+    std::filesystem::create_directories(folder);
     std::filesystem::path target = folder / name;
     writeFileAtomically(target, report.fileBytes);
     return target;
@@ -152,6 +157,7 @@ std::optional<std::filesystem::path> writeReportFile(const Report& report,
 std::filesystem::path writePrintFile(const Report& report, const std::filesystem::path& folder) {
     if (std::optional<std::filesystem::path> own = writeReportFile(report, folder))
         return *own;
+    std::filesystem::create_directories(folder);
     std::filesystem::path target = folder / reportLayout(report.kind).printFileName;
     writeFileAtomically(target, rowsAsCsv(report));
     return target;

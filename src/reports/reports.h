@@ -77,12 +77,17 @@ std::string rowsAsCsv(const Report& report);
 // Joins fields the same way, without the end of line.
 std::string csvLine(const std::vector<std::string>& fields);
 
-// Writes the report's own file into `folder`, replacing an older one at once
-// (atomic write); returns its path, or nothing for a report without a file.
+// <Documents>/tallix/reports: where the program and tallix-cli write the
+// report files.
+std::filesystem::path reportFolder(const std::filesystem::path& documentsFolder);
+
+// Writes the report's own file into `folder` (created when missing),
+// replacing an older one at once (atomic write); returns its path, or
+// nothing for a report without a file.
 std::optional<std::filesystem::path> writeReportFile(const Report& report,
                                                      const std::filesystem::path& folder);
-// The file PRINT opens, written into `folder`: the report's own file, or the
-// shown rows for the reports without one.
+// The file PRINT opens, written into `folder` the same way: the report's own
+// file, or the shown rows for the reports without one.
 std::filesystem::path writePrintFile(const Report& report, const std::filesystem::path& folder);
 
 // Whether the list cell (row, column of the layout) is a recurring expense's

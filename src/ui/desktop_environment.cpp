@@ -1,7 +1,9 @@
 #include "ui/desktop_environment.h"
 
+#include <QCoreApplication>
 #include <QDate>
 #include <QDesktopServices>
+#include <QProcess>
 #include <QStandardPaths>
 #include <QStorageInfo>
 #include <QUrl>
@@ -47,12 +49,32 @@ std::optional<std::filesystem::path> DesktopEnvironment::cloudDriveRoot() const 
     return std::nullopt;
 }
 
+// xdg-open ends at once with a failure when no program can show the file
+// (the desktop services only say that it started): wait a moment for that
+// answer. Still running after it, it is taken to hold a viewer, which it
+// may wait for; it is then left to run, beyond the program's own end.
 bool DesktopEnvironment::openWithViewer(const std::filesystem::path& file) {
     // The desktop services answer true for a missing file: look first.
     if (!std::filesystem::exists(file))
         return false;
-    return QDesktopServices::openUrl(
-        QUrl::fromLocalFile(QString::fromStdString(std::filesystem::absolute(file).string())));
+    const QUrl url =
+        QUrl::fromLocalFile(QString::fromStdString(std::filesystem::absolute(file).string()));
+    auto* opener = new QProcess;
+    opener->setProcessChannelMode(QProcess::ForwardedChannels);
+    QObject::connect(opener, &QProcess::finished, opener, &QObject::deleteLater);
+    opener->start(QStringLiteral("xdg-open"), {url.toString()});
+    if (!opener->waitForStarted()) {
+        delete opener;
+        return QDesktopServices::openUrl(url);
+    }
+    constexpr int kAnswerMs = 1500;
+    if (!opener->waitForFinished(kAnswerMs))
+        return true;
+    return opener->exitStatus() == QProcess::NormalExit && opener->exitCode() == 0;
+}
+
+ProgramFiles programFiles() {
+    return programFilesFor(QCoreApplication::applicationDirPath().toStdString());
 }
 
 }  // namespace tallix::ui

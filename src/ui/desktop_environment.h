@@ -1,5 +1,6 @@
 #pragma once
 #include "app/environment.h"
+#include "app/program_files.h"
 
 namespace tallix::ui {
 
@@ -19,5 +20,9 @@ class DesktopEnvironment : public Environment {
   private:
     std::filesystem::path dataRootOverride_;
 };
+
+// The program's images, help and icon, found from the running executable's
+// folder (QCoreApplication::applicationDirPath()).
+ProgramFiles programFiles();
 
 }  // namespace tallix::ui

@@ -15,27 +15,27 @@ struct Picture {
 // The tooltips are the program's own texts ("instution" and "an receivable"
 // included).
 constexpr std::array<Picture, PictureButtons::kTaskCount> kPictures = {{
-    {"res/refresh.bmp", "CLICK here to refresh the display"},
-    {"res/update.bmp", "CLICK here to update the instution balances"},
-    {"res/dollarsignred.bmp", "CLICK here to edit, add or delete an expense"},
-    {"res/Piggy Bank.bmp", "CLICK here to edit, add or delete an income source"},
-    {"res/receivable.bmp", "CLICK here to edit, add or delete an receivable"},
-    {"res/bank.bmp", "CLICK here to edit, add or delete a bank or institution"},
-    {"res/Credit Card.bmp", "CLICK here to edit, add or delete a credit card"},
-    {"res/desc.bmp", "CLICK here to edit or delete a description"},
-    {"res/cat.bmp", "CLICK here to edit, add or delete a category"},
+    {"refresh.bmp", "CLICK here to refresh the display"},
+    {"update.bmp", "CLICK here to update the instution balances"},
+    {"dollarsignred.bmp", "CLICK here to edit, add or delete an expense"},
+    {"Piggy Bank.bmp", "CLICK here to edit, add or delete an income source"},
+    {"receivable.bmp", "CLICK here to edit, add or delete an receivable"},
+    {"bank.bmp", "CLICK here to edit, add or delete a bank or institution"},
+    {"Credit Card.bmp", "CLICK here to edit, add or delete a credit card"},
+    {"desc.bmp", "CLICK here to edit or delete a description"},
+    {"cat.bmp", "CLICK here to edit, add or delete a category"},
 }};
 
 }  // namespace
 
-PictureButtons::PictureButtons(QWidget* parent)
+PictureButtons::PictureButtons(const std::filesystem::path& imageFolder, QWidget* parent)
     : QGroupBox(QStringLiteral("expense,   income,     receivable,        bank,       credit "
                                "card, category,    description"),
                 parent) {
     auto* row = new QHBoxLayout(this);
     for (int i = 0; i < kTaskCount; ++i) {
         auto* b = new QToolButton(this);
-        QPixmap image(QString::fromLatin1(kPictures[i].image));
+        QPixmap image(QString::fromStdString((imageFolder / kPictures[i].image).string()));
         if (!image.isNull()) {
             b->setIcon(image);
             b->setIconSize(image.size());

@@ -1,14 +1,15 @@
 #pragma once
 #include <QGroupBox>
 #include <array>
+#include <filesystem>
 
 class QToolButton;
 
 namespace tallix::ui {
 
 // The nine picture buttons of the frequent tasks, under their group caption.
-// Images come from the folder "res" of the working directory at their own
-// size; a missing image leaves its button blank.
+// Images come from `imageFolder` (the program's res folder, see
+// program_files.h) at their own size; a missing image leaves its button blank.
 class PictureButtons : public QGroupBox {
     Q_OBJECT
   public:
@@ -25,7 +26,7 @@ class PictureButtons : public QGroupBox {
         kTaskCount
     };
 
-    explicit PictureButtons(QWidget* parent = nullptr);
+    explicit PictureButtons(const std::filesystem::path& imageFolder, QWidget* parent = nullptr);
     QToolButton* button(Task task) const { return buttons_.at(task); }
 
   signals:

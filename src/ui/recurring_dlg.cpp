@@ -13,6 +13,17 @@
 #include "ui/tallix_dlg.h"
 
 namespace tallix::ui {
+namespace {
+
+// Documents/tallix/reports as a full path, to be named to the user.
+std::filesystem::path reportsFolder(Session& session) {
+    std::error_code ec;
+    const std::filesystem::path folder = reportFolder(session.env().documentsFolder());
+    const std::filesystem::path full = std::filesystem::absolute(folder, ec);
+    return ec ? folder : full;
+}
+
+}  // namespace
 
 CRecurringDlg::CRecurringDlg(Session& session, Report report, QWidget* parent)
     : QDialog(parent), session_(session), report_(std::move(report)) {
@@ -20,6 +31,15 @@ CRecurringDlg::CRecurringDlg(Session& session, Report report, QWidget* parent)
     setWindowTitle(QString::fromStdString(layout.title));
     title_ = new QLabel(QString::fromStdString(layout.title), this);
     list_ = new QTableWidget(this);
+    // A report with a file of its own has written it before the dialog opens.
+    const std::filesystem::path folder = reportsFolder(session_);
+    file_ =
+        new QLabel(QString::fromStdString(
+                       layout.fileName.empty()
+                           ? "PRINT writes the list to " + (folder / layout.printFileName).string()
+                           : "Written to " + (folder / layout.fileName).string()),
+                   this);
+    file_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     done_ = new QPushButton(QStringLiteral("DONE"), this);
     print_ = new QPushButton(QStringLiteral("PRINT"), this);
 
@@ -30,6 +50,7 @@ CRecurringDlg::CRecurringDlg(Session& session, Report report, QWidget* parent)
     auto* box = new QVBoxLayout(this);
     box->addWidget(title_);
     box->addWidget(list_, 1);
+    box->addWidget(file_);
     box->addLayout(buttons);
 
     fillList();
@@ -72,22 +93,24 @@ void CRecurringDlg::fillList() {
 void CRecurringDlg::OnBnClickedPrint() {
     const ReportLayout& layout = reportLayout(report_.kind);
     bool printed = guarded(session_.prompter(), layout.handlerName, [&] {
-        std::filesystem::path file = writePrintFile(report_, std::filesystem::current_path());
-        session_.env().openWithViewer(file);
+        std::filesystem::path file = writePrintFile(report_, reportsFolder(session_));
+        if (!session_.env().openWithViewer(file))
+            session_.prompter().notify(
+                "No program to show this file could be started. The report is " + file.string());
     });
     if (printed)
         accept();
 }
 
 // The main window's report commands: the report is built (its own file is
-// written into the working folder) before the dialog opens; a failure shows
-// the command's message and opens nothing.
+// written into Documents/tallix/reports) before the dialog opens; a failure
+// shows the command's message and opens nothing.
 void CTallixDlg::OnReport(int number) {
     const ReportKind kind = static_cast<ReportKind>(number);
     std::optional<Report> report;
     guarded(session_.prompter(), reportLayout(kind).handlerName, [&] {
         Report built = buildReport(session_.data.node(), kind, session_.month);
-        writeReportFile(built, std::filesystem::current_path());
+        writeReportFile(built, reportsFolder(session_));
         report = std::move(built);
     });
     if (!report)

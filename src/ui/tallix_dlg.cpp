@@ -13,6 +13,7 @@
 #include "app/startup.h"
 #include "app/year_files.h"
 #include "register/month_display.h"
+#include "ui/desktop_environment.h"
 #include "ui/grid_model.h"
 #include "ui/month_buttons.h"
 #include "ui/picture_buttons.h"
@@ -26,7 +27,7 @@ CTallixDlg::CTallixDlg(Session& session, QWidget* parent) : QDialog(parent), ses
     menuBar_ = new QMenuBar(this);
     layout->setMenuBar(menuBar_);
     monthButtons_ = new MonthButtons(this);
-    pictureButtons_ = new PictureButtons(this);
+    pictureButtons_ = new PictureButtons(programFiles().imageFolder, this);
     grid_ = new QTableView(this);
     layout->addWidget(monthButtons_);
     layout->addWidget(pictureButtons_);

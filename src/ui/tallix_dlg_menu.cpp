@@ -15,6 +15,7 @@
 #include "ui/column_dlg.h"
 #include "ui/credit_cards_dlg.h"
 #include "ui/description_dlg.h"
+#include "ui/desktop_environment.h"
 #include "ui/expense_dlg.h"
 #include "ui/find_dlg.h"
 #include "ui/history_dlg.h"
@@ -87,7 +88,8 @@ void CTallixDlg::buildMenus() {
     }
 
     menuBar_->addAction(QStringLiteral("Help"), this, [this] {
-        guarded(session_.prompter(), "OnHelp", [&] { openHelp(session_); });
+        guarded(session_.prompter(), "OnHelp",
+                [&] { openHelp(session_, programFiles().helpFile); });
     });
 
     QMenu* dataMenu = menuBar_->addMenu(QStringLiteral("Data"));

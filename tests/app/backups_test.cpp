@@ -9,6 +9,7 @@
 #include "app/data_commands.h"
 #include "app/data_folder.h"
 #include "app/instance_lock.h"
+#include "app/program_files.h"
 
 namespace tallix {
 namespace {
@@ -106,7 +107,12 @@ void inFolder(const std::filesystem::path& folder, Body body) {
 }
 
 TEST_F(BackupsTest, DataAndHelpOpenTheirFilesOrSayWhere) {
-    inFolder(tmp.path(), [&] { openHelp(session); });
+    // The help of a program installed in <prefix>/bin, not yet there.
+    const ProgramFiles installed = programFilesFor(tmp / "usr" / "bin");
+    const std::filesystem::path help = tmp / "usr" / "share" / "doc" / "tallix" / "tallix_help.pdf";
+    EXPECT_EQ(installed.helpFile, help);
+    EXPECT_EQ(installed.imageFolder, tmp / "usr" / "share" / "tallix" / "res");
+    openHelp(session, installed.helpFile);
     std::filesystem::remove(session.filePath);
     displayDataFile(session);
     EXPECT_EQ(prompter.shown, (std::vector<std::string>{"pdf not found", "XML not found"}));
@@ -115,13 +121,15 @@ TEST_F(BackupsTest, DataAndHelpOpenTheirFilesOrSayWhere) {
     prompter.shown.clear();
     session.saveSettled();
     inFolder(tmp.path(), [&] { displayDataFile(session); });  // not from the working folder
-    test::writeFile(tmp / "tallix_help.pdf", "%PDF");
+    std::filesystem::create_directories(help.parent_path());
+    test::writeFile(help, "%PDF");
+    test::writeFile(tmp / "tallix_help.pdf", "%PDF");  // a build folder's, beside the executable
+    EXPECT_EQ(programFilesFor(tmp.path()).helpFile, tmp / "tallix_help.pdf");
     env.viewerWorks = false;
-    inFolder(tmp.path(), [&] { openHelp(session); });
-    EXPECT_EQ(env.opened,
-              (std::vector<std::filesystem::path>{session.filePath, "tallix_help.pdf"}));
+    openHelp(session, installed.helpFile);
+    EXPECT_EQ(env.opened, (std::vector<std::filesystem::path>{session.filePath, help}));
     ASSERT_EQ(prompter.shown.size(), 1u);
-    EXPECT_NE(prompter.shown[0].find((tmp / "tallix_help.pdf").string()), std::string::npos);
+    EXPECT_NE(prompter.shown[0].find(help.string()), std::string::npos);
 }
 
 TEST_F(BackupsTest, SaveDataFileExportsACopyButNeverIntoTheDataFolder) {

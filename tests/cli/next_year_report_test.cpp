@@ -46,17 +46,23 @@ class NextYearAndReportCommands : public ::testing::Test {
 
 TEST_F(NextYearAndReportCommands, MonthlyReportPrintsItsRowsAndWritesTheExpectedFile) {
     const auto plan = test::sourceDir() / "tests/fixtures/reports/plan.xml";
-    ASSERT_EQ(run("report monthly " + shellQuoted(plan)), 0) << err;
-    EXPECT_EQ(readFile(dir / "monthendreport.csv"),
+    const auto reports = root / "Documents" / "tallix" / "reports";
+    ASSERT_EQ(run("report monthly " + shellQuoted(plan) + " --data-root root"), 0) << err;
+    EXPECT_EQ(err, "report file: " +
+                       (std::filesystem::canonical(reports) / "monthendreport.csv").string() +
+                       "\n");
+    EXPECT_EQ(readFile(reports / "monthendreport.csv"),
               readFile(test::sourceDir() / "tests/fixtures/reports/monthendreport_expected.csv"));
+    EXPECT_FALSE(std::filesystem::exists(dir / "monthendreport.csv"));
     EXPECT_EQ(out.substr(0, out.find('\n')),
               "category,Expense,January,February,March,April,May,June,July,August,September,"
               "October,November,December");
     EXPECT_NE(out.find("\n ,Power,80.10,75,0,0,90.25,0,0,0,0,0,0,110.5\n"), std::string::npos);
 
-    ASSERT_EQ(run("report recurring " + shellQuoted(plan) + " --month 12"), 0) << err;
+    ASSERT_EQ(run("report recurring " + shellQuoted(plan) + " --month 12 --data-root root"), 0)
+        << err;
     EXPECT_NE(out.find("\nTOTAL,1310.50,,,\nLEFT TO PAY,1310.50,,,\n"), std::string::npos);
-    EXPECT_FALSE(std::filesystem::exists(dir / "recurringreport.csv"));
+    EXPECT_FALSE(std::filesystem::exists(reports / "recurringreport.csv"));
 
     EXPECT_EQ(run("report weekly " + shellQuoted(plan)), 2);
     EXPECT_EQ(run("report recurring " + shellQuoted(plan) + " --month 13"), 2);

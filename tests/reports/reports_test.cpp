@@ -131,12 +131,13 @@ TEST_F(ReportsTest, MonthlyExpenseTotalsWriteTheExpectedFileAndReplaceIt) {
 
     const std::string expected =
         readFile(test::sourceDir() / "tests/fixtures/reports/monthendreport_expected.csv");
-    std::optional<std::filesystem::path> file = writeReportFile(report, dir.path());
+    // The folder is made when missing.
+    std::optional<std::filesystem::path> file = writeReportFile(report, reportFolder(dir.path()));
     ASSERT_TRUE(file);
-    EXPECT_EQ(*file, dir / "monthendreport.csv");
+    EXPECT_EQ(*file, dir / "tallix" / "reports" / "monthendreport.csv");
     EXPECT_EQ(readFile(*file), expected);
 
-    writeReportFile(buildReport(plan.node(), ReportKind::MonthlyExpenses, 3), dir.path());
+    writeReportFile(buildReport(plan.node(), ReportKind::MonthlyExpenses, 3), file->parent_path());
     EXPECT_EQ(readFile(*file), expected);
 }
 
@@ -196,8 +197,8 @@ TEST_F(ReportsTest, ReceivablesAddUpEachCustomersItemsPerMonthAndForTheYear) {
     EXPECT_EQ(year.rows,
               (std::vector<Row>{{"Maple Bakery", "450.50"}, {"Oak, Lane & Co", "75.25"}}));
     EXPECT_FALSE(writeReportFile(year, dir.path()));
-    std::filesystem::path printed = writePrintFile(year, dir.path());
-    EXPECT_EQ(printed, dir / "receivableyearreport.csv");
+    std::filesystem::path printed = writePrintFile(year, dir / "new");
+    EXPECT_EQ(printed, dir / "new" / "receivableyearreport.csv");
     EXPECT_EQ(readFile(printed),
               "CUSTOMER,AMOUNT\nMaple Bakery,450.50\n\"Oak, Lane & Co\",75.25\n");
 }

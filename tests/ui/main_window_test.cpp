@@ -6,6 +6,7 @@
 
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QLabel>
 #include <QScrollBar>
 #include <QTableWidget>
 #include <QTimer>
@@ -14,6 +15,7 @@
 
 #include "app/backups.h"
 #include "app/next_year.h"
+#include "app/program_files.h"
 #include "app/year_files.h"
 #include "data/query.h"
 #include "data/values.h"
@@ -254,23 +256,16 @@ TEST_F(MainWindowTest, TheCustomersMenuStaysWithoutCustomers) {
     EXPECT_EQ(window.menuBar()->actions().back()->text(), "Customers");
 }
 
-TEST_F(MainWindowTest, PictureButtonImagesComeFromTheWorkingFolderAndMayBeMissing) {
-    auto before = std::filesystem::current_path();
-    std::filesystem::current_path(TALLIX_BINARY_DIR);
-    {
-        ui::CTallixDlg other(session);
-        for (int i = 0; i < ui::PictureButtons::kTaskCount; ++i) {
-            QToolButton* b = other.pictureButtons()->button(ui::PictureButtons::Task(i));
-            EXPECT_FALSE(b->icon().isNull()) << i;
-            EXPECT_EQ(b->iconSize(), QSize(48, 48)) << i;
-        }
+TEST_F(MainWindowTest, PictureButtonImagesComeFromTheProgramsFolderAndMayBeMissing) {
+    // The build folder holds the executable and res/ beside it.
+    ui::PictureButtons found(programFilesFor(TALLIX_BINARY_DIR).imageFolder);
+    for (int i = 0; i < ui::PictureButtons::kTaskCount; ++i) {
+        QToolButton* b = found.button(ui::PictureButtons::Task(i));
+        EXPECT_FALSE(b->icon().isNull()) << i;
+        EXPECT_EQ(b->iconSize(), QSize(48, 48)) << i;
     }
-    std::filesystem::current_path(tmp.path());
-    {
-        ui::CTallixDlg other(session);
-        EXPECT_TRUE(other.pictureButtons()->button(ui::PictureButtons::kBank)->icon().isNull());
-    }
-    std::filesystem::current_path(before);
+    ui::PictureButtons missing(tmp.path());
+    EXPECT_TRUE(missing.button(ui::PictureButtons::kBank)->icon().isNull());
 }
 
 TEST_F(MainWindowTest, EscapeRunsTheExitWithItsBackupsAndEnterDoesNotClose) {
@@ -311,6 +306,32 @@ TEST_F(MainWindowTest, TheRecurringListEndsWithItsTotalsAndColoursWhatIsNotPaid)
     EXPECT_TRUE(firstCells.contains("TOTAL"));
     EXPECT_TRUE(firstCells.contains("LEFT TO PAY"));
     EXPECT_TRUE(redSeen);
+}
+
+TEST_F(MainWindowTest, ReportFilesGoToDocumentsAndTheDialogNamesThem) {
+    start();
+    const std::filesystem::path reports = tmp / "docs" / "tallix" / "reports";
+    QString named;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<ui::CRecurringDlg*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        named = dialog->fileLabel()->text();
+        dialog->accept();
+    });
+    window.OnReport(static_cast<int>(ReportKind::MonthlyExpenses));
+    EXPECT_EQ(named.toStdString(), "Written to " + (reports / "monthendreport.csv").string());
+    EXPECT_TRUE(std::filesystem::exists(reports / "monthendreport.csv"));
+
+    // PRINT of a list without a file of its own: written there too, and
+    // named when no viewer starts.
+    env.viewerWorks = false;
+    ui::CRecurringDlg dialog(session, buildReport(session.data.node(), ReportKind::Recurring, 12));
+    QTest::mouseClick(dialog.printButton(), Qt::LeftButton);
+    const std::filesystem::path printed = reports / "recurringreport.csv";
+    EXPECT_TRUE(std::filesystem::exists(printed));
+    EXPECT_EQ(
+        prompter.shown,
+        Texts{"No program to show this file could be started. The report is " + printed.string()});
 }
 
 TEST_F(MainWindowTest, MakeNextYearOffersTheNextNameAndRefusesTheCurrentOne) {

@@ -83,12 +83,6 @@ TEST(TextUtils, SplitAndNumberToText) {
     EXPECT_EQ(numberToText(1234567890123LL), "1234567890123");
 }
 
-}  // namespace
-}  // namespace tallix
-
-namespace tallix {
-namespace {
-
 // Writes go by position, guarded by names: an element that carries another
 // child's name (two children swapped by hand) is refused, one whose name the
 // program does not use is written by its position.
@@ -120,12 +114,6 @@ TEST(NodeText, AWriteByPositionRefusesAnotherChildsElement) {
     setChildText(february, 1, "9.00");
     EXPECT_EQ(nodeText(february.child("amt")), "9.00");
 }
-
-}  // namespace
-}  // namespace tallix
-
-namespace tallix {
-namespace {
 
 // Every element of a well-formed year file and index whose children the
 // program reads by position is recognised, and its children stand exactly

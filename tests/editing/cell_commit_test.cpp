@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "app/session.h"
 #include "data/node_text.h"
 #include "data/query.h"
@@ -153,12 +155,43 @@ TEST_F(CellCommitTest, ACheckNumberOnAnUnplannedLineMatchesTheMonthsCheque) {
     EXPECT_EQ(savedField(25, schema::kCheck), "9999");
 }
 
-TEST_F(CellCommitTest, AStatusReachesTheLineAndThePlan) {
+// A typed status, and a check number on a check line, reach the plan's March
+// entry of the line's expense; nothing else typed reaches the plan, and a line
+// outside the plan (income, or naming no expense) changes the line only.
+TEST_F(CellCommitTest, StatusAndCheckReachThePlanOnlyFromAPlannedLine) {
+    auto water = [&](size_t child) {
+        Document d = Document::load(file());
+        return childText(monthEntry(requireOne(d.node(), paths::kExpense, "Water"), 7, 3), child);
+    };
+    auto plan = [&] {
+        Document d = Document::load(file());
+        std::ostringstream xml;
+        for (pugi::xml_node entry : selectAll(d.node(), paths::kAllExpenses))
+            entry.print(xml);
+        return xml.str();
+    };
+    const struct {
+        int line;
+        int FieldColumns::*column;
+        const char* text;
+        size_t child;
+    } outside[] = {{2, &FieldColumns::status, "pending", schema::kStatus},  // Acme Payroll
+                   {25, &FieldColumns::status, "pending", schema::kStatus},
+                   {3, &FieldColumns::account, "Savings", schema::kAccount},  // Water
+                   {1, &FieldColumns::check, "77", schema::kCheck}};          // Gasoline, debit
+    for (const auto& c : outside) {
+        SCOPED_TRACE(c.line);
+        const std::string before = plan();
+        EXPECT_TRUE(HideEditor(session, row(c.line), f().*c.column, c.text));
+        EXPECT_EQ(savedField(c.line, static_cast<int>(c.child)), c.text);
+        EXPECT_EQ(plan(), before);
+    }
     EXPECT_TRUE(HideEditor(session, row(3), f().status, "pending"));
-    EXPECT_EQ(savedField(3, schema::kStatus), "pending");
-    Document saved = Document::load(file());
-    EXPECT_EQ(childText(monthEntry(selectOne(saved.node(), paths::kExpense, "Water"), 7, 3), 4),
-              "pending");
+    EXPECT_EQ(water(schema::kEntryStatus), "pending");
+    EXPECT_TRUE(HideEditor(session, row(3), f().check, "2099"));
+    EXPECT_EQ(water(schema::kEntryCheck), "2099");
+    EXPECT_EQ(savedField(3, schema::kCheck), "2099");
+    EXPECT_TRUE(prompter.shown.empty());
 }
 
 // A click that arrives while a commit waits for an answer is dropped.

@@ -52,9 +52,7 @@ TEST_F(ExpenseCellTest, EachKindOfLineOpensItsOwnPicker) {
     click(kMapleRow);
     EXPECT_EQ(choices.opened, (std::vector<std::string>{"expense 3", "expense 4", "customer"}));
 
-    // A recurring expense on a check line: pending, and recurring.
-    EXPECT_EQ(saved(kWaterRow, schema::kStatus), "pending");
-    EXPECT_EQ(saved(kWaterRow, schema::kAccumulate), "recurring");
+    EXPECT_EQ(saved(kWaterRow, schema::kStatus), "pending");  // a check line's expense picked
     EXPECT_EQ(saved(kPayRow, schema::kExpense), "Social Security");
     EXPECT_EQ(saved(kPayRow, schema::kCategoty), "Income");
     EXPECT_EQ(saved(kPayRow, schema::kInstitution), "Credit Union");

@@ -3,6 +3,7 @@
 // lines are 7 and 20 (Maple Street Bakery) and 15 (Riverside Garden Club).
 #include <gtest/gtest.h>
 
+#include <set>
 #include <sstream>
 
 #include "data/schema_names.h"
@@ -104,30 +105,36 @@ TEST_F(RowOperationsTest, InsertOnTheFirstRowMakesLineOneOnTheFirstLinesDay) {
 }
 
 TEST_F(RowOperationsTest, AnInsertedLinesDateAndItemCellsShowTheParityOfItsDay) {
-    // Row 18 is line 19, on the 7th.
+    auto coloured = [&] {  // the rows with cells of their own colour
+        std::set<int> rows;
+        for (const auto& [cell, colours] : session().view.cellOverrides)
+            rows.insert(cell.first);
+        return rows;
+    };
+    // Row 18 is line 19, on the 7th; a second insert there pushes the first down.
     rightClick(18, {"insert", "debit"});
-    EXPECT_EQ(background(18, 2), cell_colour::kInsertedOddDay);
-    EXPECT_EQ(background(18, 3), cell_colour::kInsertedOddDay);
+    rightClick(18, {"insert", "debit"});
     EXPECT_EQ(saved().fields(19)[schema::kDay], "7");
+    for (int row : {18, 19})
+        for (int column : {2, 3})
+            EXPECT_EQ(background(row, column), cell_colour::kInsertedOddDay) << row << column;
 
     // Rows above come and go: the colours stay with their lines, and a
     // deleted line's colours go with it.
     rightClick(0, {"insert", "debit"});  // on the 28th
     EXPECT_EQ(background(0, 3), cell_colour::kInsertedEvenDay);
-    EXPECT_EQ(background(19, 3), cell_colour::kInsertedOddDay);
-    EXPECT_NE(background(18, 3), cell_colour::kInsertedOddDay);
+    EXPECT_EQ(coloured(), (std::set<int>{0, 19, 20}));
     rightClick(0, {"delete", ""});
-    EXPECT_NE(background(0, 3), cell_colour::kInsertedEvenDay);
-    EXPECT_EQ(background(18, 3), cell_colour::kInsertedOddDay);
+    EXPECT_EQ(coloured(), (std::set<int>{18, 19}));
 
-    // Line 21 moved to the 8th; the odd-day colours stay with row 18.
-    setChildText(childAt(year.month("March"), 20), schema::kDay, "8");
+    // Line 22 moved to the 8th; the odd-day colours stay with rows 18 and 19.
+    setChildText(childAt(year.month("March"), 21), schema::kDay, "8");
     ASSERT_TRUE(year.show(3));
-    rightClick(20, {"insert", "medication"});
-    EXPECT_EQ(background(20, 2), cell_colour::kInsertedEvenDay);
-    EXPECT_EQ(background(20, 3), cell_colour::kInsertedEvenDay);
-    EXPECT_EQ(background(18, 2), cell_colour::kInsertedOddDay);
-    EXPECT_EQ(saved().fields(21), emptyLine("8", "medication"));
+    rightClick(21, {"insert", "medication"});
+    EXPECT_EQ(background(21, 2), cell_colour::kInsertedEvenDay);
+    EXPECT_EQ(background(21, 3), cell_colour::kInsertedEvenDay);
+    EXPECT_EQ(coloured(), (std::set<int>{18, 19, 21}));
+    EXPECT_EQ(saved().fields(22), emptyLine("8", "medication"));
 }
 
 TEST_F(RowOperationsTest, InsertOnTheStartingRowAddsALastLine) {

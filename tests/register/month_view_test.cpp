@@ -159,12 +159,6 @@ TEST(MonthDisplay, RefreshShowsTheFileAsItIsOnDiskAndPostsNothing) {
     EXPECT_EQ(year.cell(0, col::kAmount), "11.00");
 }
 
-}  // namespace
-}  // namespace tallix
-
-namespace tallix {
-namespace {
-
 // Showing a month saves the file when the engine changed it, and only then:
 // the month's totals are reset and added up again on every run.
 TEST(MonthDisplay, ShowingAnUnchangedMonthAgainWritesNothing) {
@@ -176,12 +170,6 @@ TEST(MonthDisplay, ShowingAnUnchangedMonthAgainWritesNothing) {
     EXPECT_EQ(std::filesystem::last_write_time(year.path), written);
     EXPECT_EQ(test::readFile(year.path), bytes);
 }
-
-}  // namespace
-}  // namespace tallix
-
-namespace tallix {
-namespace {
 
 // A command that fails saves nothing. Update all months is all or nothing: a
 // month that fails leaves the year in the window as it was, and the message

@@ -1,45 +1,26 @@
 // A click on the Expense cell of March of the sample year: which picker the
 // line's kind opens, what the pick writes, and transfers with their balances.
-#include <gtest/gtest.h>
-
-#include "data/schema_names.h"
 #include "data/values.h"
 #include "editing/add_item.h"
-#include "register/plan_index.h"
-#include "register/year_file.h"
-#include "support/scripted_choices.h"
+#include "editing/sample_march.h"
 
 namespace tallix {
 namespace {
 
-// Sample March rows: 1 Acme Payroll (deposit), 2 Water (check), 6 Maple
-// Street Bakery (receivable), 10 Social Security (deposit into the Credit
-// Union), 11 Electric.
+// Rows of March: 1 Acme Payroll, 2 Water, 6 Maple Street Bakery, 10 Social
+// Security; balance columns of the sample.
 constexpr int kPayRow = 1, kWaterRow = 2, kMapleRow = 6, kSocialSecurityRow = 10;
-// Balance columns of the sample.
 constexpr int kFnRegister = 13, kFnBank = 14, kFnSavings = 16, kCuRegister = 17, kCuBank = 18,
               kVisa = 19;
 
-class ExpenseCellTest : public ::testing::Test {
+class ExpenseCellTest : public test::SampleMarch {
   protected:
-    void SetUp() override {
-        ASSERT_TRUE(year.show(3));
-        year.prompter.shown.clear();
-    }
-    const FieldColumns& f() { return year.session().view.fields; }
-    void click(int row) { expenseCellClicked(year.session(), row, f().expense, choices); }
-    std::string saved(int row, size_t child) {
-        Document d = Document::load(year.path);
-        pugi::xml_node month = selectOne(d.node(), paths::kMonthByName, "March");
-        return childText(elementChildren(month).at(static_cast<size_t>(row)), child);
-    }
+    void click(int row) { expenseCellClicked(session(), row, f().expense, choices); }
+    std::string saved(int row, size_t child) { return SampleMarch::saved().field(row + 1, child); }
     // How much a balance cell of `row` differs from the row below.
     double change(int row, int column) {
         return textToAmount(year.cell(row, column)) - textToAmount(year.cell(row + 1, column));
     }
-
-    test::YearFile year{{2026, 11, 21}, test::sourceDir() / "examples" / "tallix2026.xml"};
-    test::ScriptedLineChoices<> choices;
 };
 
 TEST_F(ExpenseCellTest, EachKindOfLineOpensItsOwnPicker) {

@@ -1,28 +1,13 @@
-#include <gtest/gtest.h>
-
-#include "data/schema_names.h"
+// The look-ups that fill a line from the plan, on March of the sample year.
 #include "editing/line_lookups.h"
-#include "register/plan_index.h"
-#include "register/year_file.h"
+#include "editing/sample_march.h"
 
 namespace tallix {
 namespace {
 
-// March of the sample year: line 1 is a Gasoline debit, line 3 the Water cheque.
-class LineLookupsTest : public ::testing::Test {
+class LineLookupsTest : public test::SampleMarch {
   protected:
-    void SetUp() override {
-        ASSERT_TRUE(year.show(3));
-        year.prompter.shown.clear();
-    }
-    std::string saved(int line, size_t child) {
-        Document d = Document::load(year.path);
-        pugi::xml_node month = selectOne(d.node(), paths::kMonthByName, "March");
-        return childText(elementChildren(month).at(static_cast<size_t>(line - 1)), child);
-    }
-    const FieldColumns& f() { return year.session().view.fields; }
-
-    test::YearFile year{{2026, 11, 21}, test::sourceDir() / "examples" / "tallix2026.xml"};
+    std::string saved(int line, size_t child) { return SampleMarch::saved().field(line, child); }
 };
 
 // The payment kind decides Accumulate and the entry type; a check line of a
@@ -50,10 +35,7 @@ TEST_F(LineLookupsTest, ThePaymentKindDecidesAccumulateAndTheEntryType) {
     EXPECT_EQ(saved(1, schema::kInstitution), "First National");
     EXPECT_EQ(saved(1, schema::kAccount), "Checking");
     EXPECT_EQ(saved(1, schema::kCategoty), "Living");
-    Document d = Document::load(year.path);
-    pugi::xml_node water = selectOne(d.node(), paths::kExpense, "Water");
-    EXPECT_EQ(childText(monthEntry(water, schema::kExpenseMonths, 3), schema::kEntryStatus),
-              "pending");
+    EXPECT_EQ(SampleMarch::saved().plan("Water", schema::kEntryStatus), "pending");
 }
 
 TEST_F(LineLookupsTest, AnExpenseNotInTheCategoryChangesNothing) {

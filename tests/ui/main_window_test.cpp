@@ -87,23 +87,6 @@ TEST_F(MainWindowTest, StartUpShowsTheCurrentMonthWithItsBalances) {
     EXPECT_TRUE(view->verticalHeader()->isHidden());
 }
 
-TEST_F(MainWindowTest, AFirstRunCreatesTheIndexAndFollowsTheYearPrompts) {
-    std::filesystem::remove(env.root / "tallix" / "tallix.xml");
-    std::filesystem::remove(yearFile());
-    env.cloud.reset();
-    prompter.answers = {Answer::No, Answer::Yes};  // not the previous year; a blank one
-    testing::internal::CaptureStderr();
-    start();
-    testing::internal::GetCapturedStderr();
-
-    EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix.xml"));
-    EXPECT_EQ(prompter.shown,
-              (Texts{year_texts::kNoFileForCurrentYear, year_texts::kLoadPreviousYear,
-                     year_texts::kLoadBlankForThisYear, backup_texts::kNoCloudDrive}));
-    EXPECT_EQ(session.fileName, "tallix2026.xml");  // the blank template copied, not used
-    EXPECT_EQ(window.windowTitle(), "November 2026");
-}
-
 TEST_F(MainWindowTest, AMonthButtonShowsThatMonthAndTurnsGreen) {
     start();
     clickMonth(3);
@@ -313,38 +296,30 @@ TEST_F(MainWindowTest, TheRecurringListEndsWithItsTotalsAndColoursWhatIsNotPaid)
     EXPECT_TRUE(redSeen);
 }
 
-TEST_F(MainWindowTest, MakeNextYearOffersTheNextNameAndRefusesTheCurrentOne) {
+// The dialog offers the next name, refuses the current one and stays open;
+// the year made opens at January, starting from December's closings.
+TEST_F(MainWindowTest, MakeNextYearRefusesTheCurrentNameThenOpensJanuaryOfTheNewYear) {
     start();
-    ui::CNextyearDlg dialog(session);
-    EXPECT_EQ(dialog.nextFileNameEdit()->text(), "tallix2027.xml");
-    dialog.nextFileNameEdit()->setText("tallix2026.xml");
     const std::string before = readFile(yearFile());
-    QTest::mouseClick(dialog.createButton(), Qt::LeftButton);
-    EXPECT_EQ(prompter.shown, Texts{next_year_texts::kSameFileName});
-    EXPECT_EQ(readFile(yearFile()), before);
-
-    dialog.nextFileNameEdit()->setText("tallix2027.xml");
-    QTest::mouseClick(dialog.createButton(), Qt::LeftButton);
-    EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix2027.xml"));
-    EXPECT_EQ(session.fileName, "tallix2027.xml");
-    EXPECT_EQ(session.year, 2027);
-}
-
-TEST_F(MainWindowTest, MakeNextYearOpensJanuaryOfTheNewYearAndSaysSo) {
-    start();
-    prompter.shown.clear();
-    QTimer::singleShot(0, [] {
+    QTimer::singleShot(0, [&] {
         auto* dialog = qobject_cast<ui::CNextyearDlg*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->nextFileNameEdit()->text(), "tallix2027.xml");
+        dialog->nextFileNameEdit()->setText("tallix2026.xml");
+        QTest::mouseClick(dialog->createButton(), Qt::LeftButton);
+        EXPECT_EQ(prompter.shown, Texts{next_year_texts::kSameFileName});
+        EXPECT_EQ(readFile(yearFile()), before);
+        ASSERT_TRUE(dialog->isVisible());
+        dialog->nextFileNameEdit()->setText("tallix2027.xml");
         QTest::mouseClick(dialog->createButton(), Qt::LeftButton);
     });
     item(3, "Make next year")->trigger();
+    EXPECT_EQ(session.fileName, "tallix2027.xml");
     EXPECT_EQ(window.windowTitle(), "January 2027");
     EXPECT_EQ(window.monthButtons()->pressed(), 1);
     EXPECT_EQ(monthFace(1), ui::MonthButtons::kPressedFace);
-    ASSERT_FALSE(prompter.shown.empty());
+    ASSERT_EQ(prompter.shown.size(), 2u);
     EXPECT_EQ(prompter.shown.back().rfind(ui::kNewYearOpened + std::string("2027 is open"), 0), 0u);
-    // January starts from the closings carried over from December.
     const pugi::xml_node group = childAt(
         childAt(requireOne(session.data.node(), paths::kInstitutionName, "First National"), 0), 1);
     EXPECT_EQ(cell(window.gridModel()->rowCount() - 1, 13), childText(group, 1));

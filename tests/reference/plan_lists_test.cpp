@@ -15,9 +15,7 @@ Texts texts(const PlanEntryRow& e) {
 
 class PlanListsTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        ASSERT_TRUE(test::loadPlanYear(doc_));
-    }
+    void SetUp() override { ASSERT_TRUE(test::loadPlanYear(doc_)); }
     pugi::xml_node data() const { return doc_; }
     pugi::xml_document doc_;
 };

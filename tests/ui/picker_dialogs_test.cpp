@@ -216,9 +216,9 @@ TEST(TransferDialog, FillsOnlyTheMatchingAccountListAndAnswersWhatWasChosen) {
     QTest::keyClicks(dialog.amountEdit(), "250.00");
     QTest::mouseClick(dialog.performButton(), Qt::LeftButton);
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    EXPECT_EQ(texts(dialog.answer()), (std::vector<std::string>{"First National", "Savings",
-                                                                "Credit Union", "Share Draft",
-                                                                "250.00"}));
+    EXPECT_EQ(texts(dialog.answer()),
+              (std::vector<std::string>{"First National", "Savings", "Credit Union", "Share Draft",
+                                        "250.00"}));
     // Cancel answers empty texts whatever was chosen, and so does an empty PERFORM.
     for (bool cancel : {true, false}) {
         ui::CtransferDlg other(kBanks);

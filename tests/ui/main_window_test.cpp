@@ -19,6 +19,7 @@
 #include "data/values.h"
 #include "register/cell_colours.h"
 #include "reports/reports.h"
+#include "ui/find_dlg.h"
 #include "ui/nextyear_dlg.h"
 #include "ui/picture_buttons.h"
 #include "ui/receivables_dlg.h"
@@ -323,6 +324,30 @@ TEST_F(MainWindowTest, MakeNextYearRefusesTheCurrentNameThenOpensJanuaryOfTheNew
     const pugi::xml_node group = childAt(
         childAt(requireOne(session.data.node(), paths::kInstitutionName, "First National"), 0), 1);
     EXPECT_EQ(cell(window.gridModel()->rowCount() - 1, 13), childText(group, 1));
+}
+
+// Edit > Find with Ctrl+F: the results of the year, and a double click that
+// shows the line in its month.
+TEST_F(MainWindowTest, CtrlFListsTheYearsLinesAndADoubleClickShowsOne) {
+    start();
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    ui::CFindDlg* find = window.findDialog();
+    ASSERT_NE(find, nullptr);
+    ASSERT_TRUE(find->isVisible());
+    QTest::keyClicks(find->textEdit(), "$1,850");
+    QTest::mouseClick(find->findButton(), Qt::LeftButton);
+    QTableWidget* results = find->results();
+    ASSERT_EQ(results->rowCount(), 11);  // the mortgage, January to November
+    EXPECT_EQ(results->item(2, 0)->text(), "March");
+    EXPECT_EQ(results->item(2, 3)->text(), "Mortgage");
+
+    const QRect march = results->visualItemRect(results->item(2, 3));
+    QTest::mouseClick(results->viewport(), Qt::LeftButton, {}, march.center());
+    QTest::mouseDClick(results->viewport(), Qt::LeftButton, {}, march.center());
+    EXPECT_EQ(window.windowTitle(), "March 2026");
+    const int line = results->item(2, 2)->text().toInt();
+    EXPECT_EQ(window.grid()->currentIndex().row(), line - 1);
+    EXPECT_EQ(cell(line - 1, session.view.fields.expense), "Mortgage");
 }
 
 }  // namespace

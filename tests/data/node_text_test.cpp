@@ -10,6 +10,7 @@
 #include "data/node_text.h"
 #include "data/text_utils.h"
 #include "support/temp_dir.h"
+#include "support/thrown.h"
 
 namespace tallix {
 namespace {
@@ -96,14 +97,9 @@ TEST(NodeText, AWriteByPositionRefusesAnotherChildsElement) {
     pugi::xml_node months =
         doc.node().child("tallix").child("income").child("name").child("months");
     pugi::xml_node january = childAt(months, 0);
-    try {
-        setChildText(january, 1, "530.00");
-        FAIL() << "the swapped date was written";
-    } catch (const schema::MisplacedElement& e) {
-        EXPECT_STREQ(e.what(),
-                     "year.xml: /tallix/income/name[@id='Pay']/months/month[1]: child 1 is "
-                     "'date' where 'amount' belongs, so it is not written");
-    }
+    EXPECT_EQ(test::thrown<schema::MisplacedElement>([&] { setChildText(january, 1, "530.00"); }),
+              "year.xml: /tallix/income/name[@id='Pay']/months/month[1]: child 1 is "
+              "'date' where 'amount' belongs, so it is not written");
     EXPECT_EQ(nodeText(january.child("date")), "1/15/2026");
     EXPECT_THROW(setChildText(january, 2, "0"), schema::MisplacedElement);
     setChildText(january, 3, "notpaid");  // in its place

@@ -159,17 +159,17 @@ TEST(StructureCheck, RegisterColumnFaults) {
                 "number from 0 to 1000",
                 "registercolumns: lacks the 'Status' column"}));
     EXPECT_EQ(blankAfter([&](pugi::xml_node doc) {
-                  pugi::xml_node check = at(doc, column("Check"));
-                  check.parent().insert_move_before(check, at(doc, column("Amount")));
-                  setChildText(check, 3, "5");
-                  setChildText(at(doc, column("Amount")), 3, "6");
+                  pugi::xml_node amount = at(doc, column("Amount"));
+                  amount.parent().insert_move_before(amount, at(doc, column("Expense")));
+                  setChildText(amount, 3, "4");
+                  setChildText(at(doc, column("Expense")), 3, "5");
                   setChildText(at(doc, column("Info")), 0, "Notes");
               }),
               (Faults{"registercolumns column 'Info': title 'Notes' differs from its key 'Info'",
-                      "registercolumns column 'Amount': stands at position 6, the program "
-                      "expects it at 5",
-                      "registercolumns column 'Check': stands at position 5, the program "
-                      "expects it at 6"}));
+                      "registercolumns column 'Expense': stands at position 5, the program "
+                      "expects it at 4",
+                      "registercolumns column 'Amount': stands at position 4, the program "
+                      "expects it at 5"}));
 }
 
 TEST(StructureCheck, InstitutionFaults) {

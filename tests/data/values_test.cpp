@@ -9,6 +9,7 @@
 
 #include "data/values.h"
 #include "support/temp_dir.h"
+#include "support/thrown.h"
 
 namespace tallix {
 namespace {
@@ -44,22 +45,14 @@ TEST(TextToAmount, ReadsTheLeadingNumberAndTheOldNegativeFormsOrFails) {
     // Cents survive the trip through the file above 100,000.
     EXPECT_EQ(amountToText(textToAmount("16777217.01")), "16777217.01");
 
-    for (const char* text : {"", "abc", "   ", "-", ".", "+-1", "$12", "nan", "-NaN"}) {
-        try {
-            textToAmount(text);
-            ADD_FAILURE() << "no error for '" << text << "'";
-        } catch (const std::invalid_argument& e) {
-            EXPECT_STREQ(e.what(), "invalid stof argument") << text;
-        }
-    }
-    for (const char* text : {"1e40", "-1e40", "1e400", "1e-50", "inf", "-Infinity"}) {
-        try {
-            textToAmount(text);
-            ADD_FAILURE() << "no error for '" << text << "'";
-        } catch (const std::out_of_range& e) {
-            EXPECT_STREQ(e.what(), "stof argument out of range") << text;
-        }
-    }
+    for (const char* text : {"", "abc", "   ", "-", ".", "+-1", "$12", "nan", "-NaN"})
+        EXPECT_EQ(test::thrown<std::invalid_argument>([&] { textToAmount(text); }),
+                  "invalid stof argument")
+            << text;
+    for (const char* text : {"1e40", "-1e40", "1e400", "1e-50", "inf", "-Infinity"})
+        EXPECT_EQ(test::thrown<std::out_of_range>([&] { textToAmount(text); }),
+                  "stof argument out of range")
+            << text;
 }
 
 TEST(TypedAmount, TheWholeTextMustBeOneAmount) {

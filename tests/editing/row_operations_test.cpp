@@ -7,6 +7,7 @@
 #include "editing/line_lookups.h"
 #include "editing/row_operations.h"
 #include "editing/sample_march.h"
+#include "reference/descriptions.h"
 
 namespace tallix {
 namespace {
@@ -244,6 +245,20 @@ TEST_F(RowOperationsTest, ACancelledOrImpossibleMoveChangesNothing) {
     EXPECT_EQ(year.prompter.shown,
               (std::vector<std::string>{std::string(kNoSuchLineStart) + "40" + kNoSuchLineEnd}));
     EXPECT_EQ(test::readFile(year.path), before);
+}
+
+// A right click on the Description cell picks a description, clears it, or
+// is cancelled.
+TEST_F(RowOperationsTest, ARightClickOnTheDescriptionPicksOneClearsItOrNothing) {
+    choices.descriptionAnswers = {"Corner Market", kDescriptionCancel, kDescriptionClear};
+    for (const char* expected : {"Corner Market", "Corner Market", ""}) {
+        AddItem(session(), 0, f().description, choices);
+        EXPECT_EQ(saved().field(1, schema::kDescription), expected);
+        EXPECT_EQ(year.cell(0, f().description), *expected ? expected : " ");
+    }
+    EXPECT_EQ(choices.opened, Fields(3, "description"));
+    EXPECT_EQ(choices.offeredDescriptions, descriptions(year.data()));
+    EXPECT_TRUE(year.prompter.shown.empty());
 }
 
 TEST_F(RowOperationsTest, CancelChangesNothingAndTheStartingRowHasNoLineToChange) {

@@ -235,13 +235,10 @@ TEST(BankMaintenance, ARefusedValueLeavesTheFileAsItWas) {
         SampleYear year;
         const std::string bytes = year.fileBytes();
         year.prompter.answers = {Answer::Yes, Answer::Yes};
-        try {
-            operation(year.session(), year.prompter);
-            ADD_FAILURE() << "not refused";
-        } catch (const PlanRefusal& refusal) {
-            EXPECT_NE(std::string(refusal.what()).find(message), std::string::npos)
-                << refusal.what();
-        }
+        EXPECT_NE(test::thrown<PlanRefusal>([&] {
+                      operation(year.session(), year.prompter);
+                  }).find(message),
+                  std::string::npos);
         year.reopen();
         EXPECT_EQ(year.fileBytes() == bytes, message.find("Holiday") == std::string::npos);
     }

@@ -194,13 +194,8 @@ TEST(IncomeMaintenance, ARefusedValueLeavesTheFileAsItWas) {
         SCOPED_TRACE(message);
         SampleYear year;
         const std::string bytes = year.fileBytes();
-        try {
-            operation(year.session());
-            ADD_FAILURE() << "not refused";
-        } catch (const PlanRefusal& refusal) {
-            EXPECT_NE(std::string(refusal.what()).find(message), std::string::npos)
-                << refusal.what();
-        }
+        EXPECT_NE(test::thrown<PlanRefusal>([&] { operation(year.session()); }).find(message),
+                  std::string::npos);
         EXPECT_EQ(year.fileBytes(), bytes);
     }
 }

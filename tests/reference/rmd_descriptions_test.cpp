@@ -52,12 +52,8 @@ TEST(RmdMaintenance, EachButtonRefusesAnotherLevelAndChangesNothing) {
         SCOPED_TRACE(name);
         SampleYear year;
         const std::string bytes = year.fileBytes();
-        try {
-            button(year.session(), year.prompter, place);
-            ADD_FAILURE() << "not refused";
-        } catch (const PlanRefusal& refusal) {
-            EXPECT_EQ(std::string(refusal.what()), message);
-        }
+        EXPECT_EQ(test::thrown<PlanRefusal>([&] { button(year.session(), year.prompter, place); }),
+                  message);
         EXPECT_EQ(year.fileBytes(), bytes);
         EXPECT_TRUE(year.prompter.shown.empty());
     }

@@ -8,6 +8,7 @@
 #include "data/node_text.h"
 #include "data/query.h"
 #include "support/temp_dir.h"
+#include "support/thrown.h"
 
 namespace tallix {
 namespace {
@@ -126,12 +127,8 @@ TEST_F(ReportsTest, MonthlyExpenseTotalsWriteTheExpectedFileAndReplaceIt) {
 TEST_F(ReportsTest, AnAmountThatIsNotANumberEndsTheReport) {
     setChildText(childAt(childAt(requireOne(plan.node(), paths::kExpense, "Groceries"), 7), 5), 1,
                  "abc");
-    try {
-        monthlyExpenseReport(plan.node());
-        FAIL() << "no error";
-    } catch (const std::invalid_argument& e) {
-        EXPECT_STREQ(e.what(), "invalid stof argument");
-    }
+    EXPECT_EQ(test::thrown<std::invalid_argument>([&] { monthlyExpenseReport(plan.node()); }),
+              "invalid stof argument");
     EXPECT_THROW(yearEndReport(plan.node()), std::invalid_argument);
 }
 

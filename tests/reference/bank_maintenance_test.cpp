@@ -84,28 +84,6 @@ TEST(BankMaintenance, TheBoxesDecideTheColumnsOfANewBankAndOfANewAccountDifferen
     }
 }
 
-TEST(BankMaintenance, AnAccountUsedInMarchBalancesThereAndCarriesIntoApril) {
-    SampleYear year;
-    year.prompter.answers = {Answer::Yes};
-    applyNewAccount(year.session(), year.prompter, holidayFund(true, false));
-    // The month's last line (28 March, Gasoline 39.57, cleared) is paid from it.
-    pugi::xml_node line = childAt(year.month("March"), 0);
-    setChildText(line, schema::kAccount, "Holiday Fund");
-    year.session().saveData();
-    year.grid(3);
-    const int reg = columnPosition(year.data(), "HF Register");
-    const int bank = columnPosition(year.data(), "HF Bank");
-    // The earliest line starts from the new account's balance; the latest
-    // holds the month's closing.
-    const int earliest = year.table().rowCount() - 2;
-    EXPECT_EQ(textToAmount(year.cell(earliest, reg)), 500);
-    EXPECT_EQ(textToAmount(year.cell(1, bank)), 500);
-    EXPECT_EQ(textToAmount(year.cell(0, reg)), textToAmount("460.43"));
-    EXPECT_EQ(textToAmount(year.cell(0, bank)), textToAmount("460.43"));
-    year.grid(4);
-    EXPECT_EQ(textToAmount(year.cell(year.table().rowCount() - 2, reg)), textToAmount("460.43"));
-}
-
 TEST(BankMaintenance, RenamesReachEveryPlaceAndTheBalancesStayTheSame) {
     SampleYear year;
     const std::string before = year.grid(3);

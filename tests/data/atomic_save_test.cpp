@@ -32,7 +32,14 @@ using test::writeFile;
 const std::string kOldBytes = "<?xml version=\"1.0\"?>\n<tallix><descriptions/></tallix>\n";
 
 // Exit codes of the child processes below.
-enum : int { kPassed = 0, kCannotSetUp = 2, kSaved = 3, kOldBytesLost = 4, kTempLeft = 5 };
+enum : int {
+    kPassed = 0,
+    kCannotSetUp = 2,
+    kSaved = 3,
+    kOldBytesLost = 4,
+    kTempLeft = 5,
+    kLeftOpen = 6
+};
 
 size_t entriesIn(const fs::path& folder) {
     return static_cast<size_t>(std::distance(fs::directory_iterator(folder), {}));
@@ -97,6 +104,21 @@ TEST(AtomicSave, ReplacesTheFileKeepingItsPermissions) {
     EXPECT_EQ(readFile(dir / "tallix.xml"), doc.serialize());
     EXPECT_EQ(fs::status(dir / "tallix.xml").permissions() & fs::perms::all, mode);
     EXPECT_EQ(entriesIn(dir.path()), 1u);
+}
+
+// Started without standard input, the save's files and folder get
+// descriptor 0; none stays open after the save.
+TEST(AtomicSave, LeavesNoDescriptorOpenEvenDescriptorZero) {
+    TempDir dir;
+    writeFile(dir / "tallix.xml", kOldBytes);
+    const Document doc = largeDocument();
+    EXPECT_EQ(inChild([&] {
+                  ::close(0);
+                  doc.save(dir / "tallix.xml");
+                  return ::fcntl(0, F_GETFD) == -1 && errno == EBADF ? kPassed : kLeftOpen;
+              }),
+              kPassed);
+    EXPECT_EQ(readFile(dir / "tallix.xml"), doc.serialize());
 }
 
 TEST(AtomicSave, AFailedWriteLeavesTheOldFileAndNoTemporary) {

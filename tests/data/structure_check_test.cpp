@@ -148,10 +148,12 @@ TEST(StructureCheck, RegisterColumnFaults) {
         blankAfter([&](pugi::xml_node doc) {
             at(doc, column("Amount")).remove_child("kind");
             setChildText(at(doc, column("Check")), 1, "400000000");
+            setChildText(at(doc, column("DATE")), 1, "-5");
             setChildText(at(doc, column("Info")), 3, "9223372036854775808");
             at(doc, paths::kRegisterColumns).remove_child(at(doc, column("Status")));
         }),
-        (Faults{"registercolumns column 'Amount': lacks child 'kind' (child 2)",
+        (Faults{"registercolumns column 'DATE': width '-5' is not a whole number from 0 to 1000",
+                "registercolumns column 'Amount': lacks child 'kind' (child 2)",
                 "registercolumns column 'Check': width '400000000' is not a whole number from 0 "
                 "to 1000",
                 "registercolumns column 'Description': position is 9, expected 8" + kPositionsRun,

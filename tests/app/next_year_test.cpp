@@ -180,46 +180,20 @@ TEST_F(NextYearTest, AnIndexEntryIsCompletedOrAddedInYearOrder) {
               (Texts{"next.xml", "initialized"}));
 }
 
-// The carry-over rules on a small year, one of each kind of entry.
+// The carry-over rules on a small year, one of each kind of entry, leave
+// tests/fixtures/carry_over_expected.xml: a register column's and a card's
+// last closing starts the year and the closings are zeroed (a group without a
+// column and a card without a column name stay as they were); a bill's month
+// keeps its type, is not paid and its due date moves on a year; an
+// accumulated expense's month keeps its dates; an income source forgets its
+// schedule; a customer's item keeps its line, status and type.
 TEST(CarryOver, FollowsTheRulesForEachKindOfEntry) {
     Document doc = Document::load(test::sourceDir() / "tests/fixtures/carry_over.xml");
     ASSERT_FALSE(doc.loadFailed());
     carryOverToNextYear(doc.node(), 2027);
-    pugi::xml_node root = doc.node();
-
-    pugi::xml_node account = childAt(requireOne(root, paths::kInstitutionName, "B"), 0);
-    EXPECT_EQ(textsOf(childAt(account, 1)), (Texts{"R", "3", "0", "0"}));
-    EXPECT_EQ(textsOf(childAt(account, 2)), (Texts{"0", "4", "5", "6"}));  // no such column
-    EXPECT_EQ(textsOf(childAt(account, 3)), (Texts{"O", "7", "8", "9"}));  // left as it was
-    EXPECT_EQ(textsOf(requireOne(root, paths::kInstitutionName, "Old")),
-              (Texts{"creditcards", "0", "1", "2", "3", "4", "5"}));
-    EXPECT_EQ(textsOf(requireOne(root, paths::kInstitutionName, "Visa")),
-              (Texts{"creditcards", "Visa", "6", "2", "3", "4", "0", "0"}));
-
-    pugi::xml_node gym = requireOne(root, paths::kExpense, "Gym");
-    EXPECT_EQ(childText(gym, 5), "0");
-    EXPECT_EQ(childText(gym, 6), "30");  // the repeating amount stays
-    std::vector<pugi::xml_node> months = elementChildren(childAt(gym, 7));
-    EXPECT_EQ(textsOf(months[0]),
-              (Texts{"January", "0", "0", "1/5/2027", "notpaid", "check", "0"}));
-    EXPECT_EQ(textsOf(months[1]), (Texts{"February", "0", "0", "0", "notpaid", "0", "0"}));
-    EXPECT_EQ(textsOf(months[2]), (Texts{"March", "0", "0", "", "no entry", "0", "0"}));
-
-    pugi::xml_node food = requireOne(root, paths::kExpense, "Food");
-    EXPECT_EQ(childText(food, 5), "0");
-    EXPECT_EQ(textsOf(childAt(childAt(food, 7), 0)),
-              (Texts{"January", "0", "1/9/2026", "1/9/2026", "cleared", "0", "7"}));
-
-    pugi::xml_node job = requireOne(root, paths::kIncome, "Job");
-    Texts source = textsOf(job);
-    source.pop_back();  // the months
-    EXPECT_EQ(source, (Texts{"B", "Checking", "0", "0", "0", "100"}));
-    EXPECT_EQ(textsOf(childAt(childAt(job, 6), 0)), (Texts{"January", "0", "0", "0"}));
-
-    pugi::xml_node january = childAt(childAt(requireOne(root, paths::kReceivable, "Cust"), 4), 0);
-    EXPECT_EQ(textsOf(childAt(january, 0)),
-              (Texts{"3", "0", "0", "1/1/2027", "cleared", "receivable", "5"}));
-    EXPECT_EQ(textsOf(childAt(january, 1)), (Texts{"DUMMY", "0", "0", "0", "no entry", "0", "0"}));
+    EXPECT_EQ(
+        doc.serialize(),
+        Document::load(test::sourceDir() / "tests/fixtures/carry_over_expected.xml").serialize());
 }
 
 TEST(CarryOver, DatesMoveToTheNewYearOnlyWhenTheyAreDates) {

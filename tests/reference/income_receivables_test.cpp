@@ -56,6 +56,9 @@ TEST(IncomeDates, AutoDayIsTheNthWeekdayOfEveryMonthWhateverDayItStartsOn) {
 
 TEST(IncomeMaintenance, SavedValuesDateEveryMonthAndANewSourceCopiesTheSelectedOne) {
     SampleYear year;
+    // December's one line deposits it too.
+    setChildText(childAt(year.month("December"), 0), schema::kExpense, "IRA Distribution");
+    setChildText(childAt(year.month("December"), 0), schema::kTypeOfEntry, "deposit");
     saveIncomeValues(year.session(), "IRA Distribution", "Roth Draw",
                      {"Credit Union", "Share Draft", {kAutoDay, "Friday", "2"}, "$1,200"});
     year.reopen();

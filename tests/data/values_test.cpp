@@ -65,8 +65,9 @@ TEST(TypedAmount, TheWholeTextMustBeOneAmount) {
     // clang-format on
     for (const auto& [typed, stored] : taken)
         EXPECT_EQ(typedAmountText(typed), std::optional<std::string>(stored)) << typed;
-    for (const char* typed : {"", "abc", "12abc", "1.2.3", "1,5", "12,34.00", ",123", "1,2345", "$",
-                              "-", "+-5", "1e3", "nan", "inf", "12 34", "$$5", "12345678901234"})
+    for (const char* typed :
+         {"", "abc", "12abc", "1.2.3", "1,5", "12,34.00", ",123", "1,2345", "$", "-", "+-5", "1e3",
+          "nan", "inf", "12 34", "$$5", "-$-45", "12345678901234"})
         EXPECT_EQ(typedAmountText(typed), std::nullopt) << typed;
 }
 

@@ -164,6 +164,14 @@ TEST(InstanceLock, ASecondProgramIsRefusedUntilTheFirstEnds) {
     close(ready[1]);
 }
 
+// tallix-cli writes only where a lock file exists or can be made; a missing
+// folder has no window on it, and is not made.
+TEST(InstanceLock, AMissingFolderHoldsNothingBackAndIsNotMade) {
+    test::TempDir tmp;
+    EXPECT_TRUE(InstanceLock::acquireToWrite(tmp / "gone").has_value());
+    EXPECT_FALSE(std::filesystem::exists(tmp / "gone"));
+}
+
 TEST(InstanceLock, AMovedLockReleasesTheOneItReplaces) {
     test::TempDir first, second;
     auto held = InstanceLock::acquire(first.path());

@@ -99,8 +99,12 @@ const Variation kVariations[] = {
          EXPECT_EQ(y.cell(10, col::kCkRegister), "409.90");
      }},
     {"AnEmptyStartingValueCountsAsZero",
-     [](YearFile& y) { setChildText(bankGroup(y, "Harbor Bank", 1), 3, ""); },
      [](YearFile& y) {
+         setChildText(bankGroup(y, "Harbor Bank", 1), 3, "");
+         setChildText(requireOne(y.data(), paths::kInstitutionName, "Visa"), 7, "");
+     },
+     [](YearFile& y) {
+         EXPECT_EQ(y.cell(18, col::kVisa), "0.00");  // the starting row
          EXPECT_EQ(y.cell(17, col::kCkRegister), "0.00");
          EXPECT_EQ(y.cell(16, col::kCkRegister), "-800.00");
      }},

@@ -51,18 +51,6 @@ TEST_F(ExpenseCellTest, EachKindOfLineOpensItsOwnPicker) {
     EXPECT_EQ(year.session().view.markedRow, -1);
 }
 
-TEST_F(ExpenseCellTest, APickerClosedWithoutAPickChangesNothing) {
-    const std::string before = test::readFile(year.path);
-    choices.expensePicks = {{kNoSelection, ""}, {kPickCanceled, ""}};
-    choices.customers = {kNoSelection};
-    click(kWaterRow);
-    click(kPayRow);
-    click(kMapleRow);
-    EXPECT_EQ(choices.opened.size(), 3u);
-    EXPECT_EQ(test::readFile(year.path), before);
-    EXPECT_EQ(year.cell(kWaterRow, f().expense), "Water");
-}
-
 TEST_F(ExpenseCellTest, ATransferEntryTakesTheMoneyFromTheFromAccountToTheToAccount) {
     choices.expensePicks = {{"Credit Union Move", ""}};
     choices.transfers = {
@@ -87,19 +75,26 @@ TEST_F(ExpenseCellTest, ATransferEntryTakesTheMoneyFromTheFromAccountToTheToAcco
     EXPECT_TRUE(year.prompter.shown.empty());
 }
 
-// CANCEL, or an amount that is not one amount, leaves the line as it was.
-TEST_F(ExpenseCellTest, ACancelledOrRefusedTransferChangesNothing) {
+// A picker closed without a pick, a transfer cancelled or refused for its
+// amount: nothing is written and the month is not worked out again (a cell of
+// the grid keeps what it was given).
+TEST_F(ExpenseCellTest, NoPickOrACancelledOrRefusedTransferChangesNothing) {
     const std::string before = test::readFile(year.path);
-    const std::string expense = year.cell(kPayRow, f().expense);
-    choices.expensePicks = {{"Savings Transfer", ""}, {"Savings Transfer", ""}};
+    session().view.table.set(kWaterRow, f().info, "untouched");
+    choices.expensePicks = {{kNoSelection, ""},
+                            {kPickCanceled, ""},
+                            {"Savings Transfer", ""},
+                            {"Savings Transfer", ""}};
+    choices.customers = {kNoSelection};
     choices.transfers = {std::nullopt, TransferAnswer{"First National", "Checking",
                                                       "First National", "Savings", "1.2.3"}};
-    click(kPayRow);
-    click(kPayRow);
+    for (int row : {kWaterRow, kPayRow, kMapleRow, kPayRow, kPayRow})
+        click(row);
     EXPECT_EQ(choices.opened,
-              (std::vector<std::string>{"expense 4", "transfer", "expense 4", "transfer"}));
+              (std::vector<std::string>{"expense 3", "expense 4", "customer", "expense 4",
+                                        "transfer", "expense 4", "transfer"}));
     EXPECT_EQ(test::readFile(year.path), before);
-    EXPECT_EQ(year.cell(kPayRow, f().expense), expense);
+    EXPECT_EQ(year.cell(kWaterRow, f().info), "untouched");
     EXPECT_EQ(year.prompter.shown,
               (std::vector<std::string>{"\"1.2.3\" is not an amount. Type a number such as "
                                         "1234.56, -45.10 or $1,234.56."}));

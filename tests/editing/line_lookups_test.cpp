@@ -51,6 +51,7 @@ TEST_F(LineLookupsTest, AnIncomeSourceMakesTheLineIncome) {
     EXPECT_EQ(saved(1, schema::kCategoty), "Income");
     EXPECT_EQ(saved(1, schema::kDebit), "3150.00");
     EXPECT_EQ(saved(1, schema::kInstitution), "First National");
+    EXPECT_EQ(saved(1, schema::kAccount), "Checking");
     EXPECT_EQ(year.cell(0, f().category), "Income");
     EXPECT_EQ(year.cell(0, f().amount), "3150.00");
 }

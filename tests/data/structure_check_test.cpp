@@ -273,8 +273,8 @@ TEST(StructureCheck, WholeFileFaults) {
 
 TEST(StructureCheck, IndexFileFaults) {
     EXPECT_EQ(
-        checkText("<tallix><year year='2026'><file>tallix2026.xml</file><status/></year>"
-                  "<year year='2026'><file>old/tallix2026.xml</file><status/></year>"
+        checkText("<tallix><year year='2026'><file>old/tallix2026.xml</file><status/></year>"
+                  "<year year='2026'><file>tallix2026.xml</file><status/></year>"
                   "<year year='26'><file/></year><note/></tallix>",
                   "tallix.xml"),
         (Faults{"index: child 3 is 'note', expected 'year'", "index: year '2026' is used 2 times",

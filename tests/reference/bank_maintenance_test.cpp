@@ -164,6 +164,8 @@ TEST(BankMaintenance, AStartingBalanceMovesEveryMonthByTheDifference) {
     EXPECT_EQ(year.values(group, 1), expected);
     setCardField(year.session(), "Visa", CardField::ClosingValue, "600");
     EXPECT_EQ(year.values(cardNode(year.data(), "Visa"), 6), Texts(12, "600.00"));
+    setCardField(year.session(), "Visa", CardField::ClosingValue, "");  // none: 0
+    EXPECT_EQ(year.values(cardNode(year.data(), "Visa"), 6), Texts(12, "0.00"));
     setCardField(year.session(), "Visa", CardField::DueDay, "9");
     EXPECT_EQ(cardList(year.data()).front().dueDay, "9");
     setColumnWidth(year.session(), "Visa", "20");

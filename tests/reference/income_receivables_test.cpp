@@ -158,6 +158,8 @@ TEST(ReceivableMaintenance, CustomersAreCopiedRenamedMovedGivenItemsAndDeleted) 
     EXPECT_EQ(childText(childAt(childAt(months, 2), 1), 3), "3/9/2026");
     EXPECT_EQ(childText(childAt(childAt(months, 2), 1), 6), "77");
     EXPECT_EQ(elementChildCount(childAt(months, 3)), 1u);  // April has no second item
+    applyToItem(year.session(), "Maple's", 3, 0, {"7", "", "", "", ""});  // the first item
+    EXPECT_EQ(childText(childAt(childAt(months, 2), 0), 1), "7.00");
     deleteCustomer(year.session(), "Maple's");
     EXPECT_FALSE(selectOne(year.data(), paths::kReceivable, "Maple's"));
     EXPECT_EQ(year.faults(), Texts{});

@@ -119,6 +119,13 @@ TEST_F(NextYearTest, TheClosingsCarriedAreTheOnesTheYearsLinesMake) {
     EXPECT_EQ(childText(requireOne(session.data.node(), paths::kInstitutionName, "Visa"), 2),
               visaClosing);
     EXPECT_EQ(readFile(session.inDataFolder("tallix2026.xml")), readFile(copy));
+
+    // Worked out already, the year is not written again.
+    session.openDataFile("tallix2026.xml");
+    session.setYear(2026);
+    const auto written = std::filesystem::last_write_time(session.filePath);
+    ASSERT_TRUE(OnToolsMakenextyear(session, "again.xml"));
+    EXPECT_EQ(std::filesystem::last_write_time(session.inDataFolder("tallix2026.xml")), written);
 }
 
 TEST_F(NextYearTest, AFailureIsReportedAndTheSessionKeepsItsYear) {

@@ -53,6 +53,7 @@ TEST_F(ReportsTest, RecurringListsTheMonthsRecurringAndAutoExpensesWithTotals) {
     EXPECT_TRUE(isNotPaidCell(december, 0, 4));
     EXPECT_FALSE(isNotPaidCell(december, 0, 3));
     EXPECT_FALSE(isNotPaidCell(december, 2, 4));
+    EXPECT_FALSE(isNotPaidCell(december, december.rows.size(), 4));  // below the rows
 
     Report january = recurringReport(plan.node(), 1);
     EXPECT_EQ(january.rows[0], (Row{"Rent", "1200.00", "1/1/2026", "1/1/2026", "cleared"}));

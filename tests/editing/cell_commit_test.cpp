@@ -170,6 +170,15 @@ TEST_F(CellCommitTest, ACommitDuringAnotherIsDropped) {
     EXPECT_FALSE(type(1, f().amount, "6"));
     EXPECT_EQ(readFile(year.path), before);
     EXPECT_EQ(session().view.table.cell(row(1), 3), "99");  // no update redrew the row
+
+    // A commit that fails (a receivable line naming no customer) is reported,
+    // and neither saves nor updates.
+    session().view.table.set(row(7), f().expense, "Nobody");
+    year.prompter.shown.clear();
+    EXPECT_FALSE(type(7, f().amount, "1"));
+    EXPECT_EQ(year.prompter.shown, (std::vector<std::string>{"runtime error in HideEditor() "}));
+    EXPECT_EQ(readFile(year.path), before);
+    EXPECT_EQ(session().view.table.cell(row(7), f().expense), "Nobody");
 }
 
 }  // namespace

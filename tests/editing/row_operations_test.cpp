@@ -242,8 +242,12 @@ TEST_F(RowOperationsTest, ACancelledOrImpossibleMoveChangesNothing) {
     rightClick(2, {"move", ""});  // onto itself
     EXPECT_TRUE(year.prompter.shown.empty());
     rightClick(5, {"move", ""});
+    // A row without a line, asked directly: there is nothing to move.
+    choices.moveTargets = {1};
+    moveLine(session(), 24, choices);
     EXPECT_EQ(year.prompter.shown,
-              (std::vector<std::string>{std::string(kNoSuchLineStart) + "40" + kNoSuchLineEnd}));
+              (std::vector<std::string>{std::string(kNoSuchLineStart) + "40" + kNoSuchLineEnd,
+                                        std::string(kNoSuchLineStart) + "1" + kNoSuchLineEnd}));
     EXPECT_EQ(test::readFile(year.path), before);
 }
 

@@ -172,6 +172,16 @@ TEST(InstanceLock, ASecondProgramIsRefusedUntilTheFirstEnds) {
     close(ready[1]);
 }
 
+// For tallix-cli a missing folder has no window on it, and is not made; a
+// lock file that cannot be opened for another reason is an error.
+TEST(InstanceLock, AMissingFolderHoldsNothingBackAndIsNotMade) {
+    test::TempDir tmp;
+    EXPECT_TRUE(InstanceLock::acquireToWrite(tmp / "gone").has_value());
+    EXPECT_FALSE(std::filesystem::exists(tmp / "gone"));
+    std::filesystem::create_directory(tmp / ".tallix.lock");
+    EXPECT_THROW(InstanceLock::acquireToWrite(tmp.path()), std::runtime_error);
+}
+
 TEST(InstanceLock, AMovedLockReleasesTheOneItReplaces) {
     test::TempDir first, second;
     auto held = InstanceLock::acquire(first.path());

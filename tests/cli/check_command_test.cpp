@@ -1,3 +1,4 @@
+// tallix-cli check and find, which only read, and the usage.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -48,10 +49,7 @@ TEST(CliCheck, UnusableFilesGiveOneFaultLineAndExitOne) {
     } cases[] = {
         {"cut.xml", "cut.xml: not well-formed XML: "},
         {"page.xml", "file: root element is 'html', expected 'tallix': not a Tallix file\n"},
-        {"gone.xml", "gone.xml: no such file\n"},
-        // Neither blocks nor reads forever.
-        {"pipe.xml", "pipe.xml is a named pipe, not a data file\n"},
-        {"/dev/zero", "/dev/zero is a device, not a data file\n"},
+        {"pipe.xml", "pipe.xml is a named pipe, not a data file\n"},  // it does not block
     };
     ASSERT_EQ(::mkfifo((dir / "pipe.xml").c_str(), 0644), 0);
     for (const auto& c : cases) {
@@ -73,6 +71,21 @@ TEST(CliUsage, WrongCommandOrArgumentsExitTwoWithUsageOnStandardError) {
     CliRun help = runCli("help");
     EXPECT_EQ(help.status, 0);
     EXPECT_NE(help.out.find("check FILE"), std::string::npos);
+}
+
+TEST(FindCommand, PrintsEachLineFoundAndFailsWhenNoneIs) {
+    const std::string file = test::shellQuoted(test::sourceDir() / "examples/tallix2026.xml");
+    const test::CliRun found = test::runCli("find " + file + " '$1,850'");
+    EXPECT_EQ(found.status, 0) << found.err;
+    EXPECT_EQ(found.out.rfind("MONTH\tDAY\tLINE\tEXPENSE\tAMOUNT\tSTATUS\n"
+                              "January\t1\t",
+                              0),
+              0u)
+        << found.out;
+    EXPECT_NE(found.out.find("March\t1\t24\tMortgage\t1850.00\tcleared\n"), std::string::npos);
+    EXPECT_EQ(found.err, "11 lines found\n");
+    EXPECT_EQ(test::runCli("find " + file + " 'no such text'").status, 1);
+    EXPECT_EQ(test::runCli("find " + file).status, 2);
 }
 
 }  // namespace

@@ -99,11 +99,9 @@ TEST_F(NextYearAndReportCommands, NextYearRefusesANameThatCouldReplaceAFileOrLea
         "You are atempting to set next years tallix datafile to the same as "
         "the current filename.\nThis would overwrite";
     const std::string bad = "The next years filename must be a plain file name that ends in .xml";
+    // The core refuses every such name; here one of each reason.
     const std::pair<const char*, std::string> cases[] = {
-        {"./tallix2026.xml", same}, {"tallix.xml", same},
-        {"blank_tallix.xml", same}, {"first_tallix.xml", same},
-        {"tallix2025.xml", same},   {"../x.xml", bad},
-        {"tallix2027", bad},        {"", bad}};
+        {"tallix2025.xml", same}, {"../x.xml", bad}, {"tallix2027", bad}};
     const auto before = filesIn(folder);
     for (const auto& [name, message] : cases) {
         EXPECT_EQ(run("next-year " + shellQuoted(root) + " 2026 --name '" + name + "'"), 3) << name;

@@ -18,6 +18,7 @@
 #include "data/document.h"
 #include "data/node_text.h"
 #include "support/temp_dir.h"
+#include "support/thrown.h"
 
 namespace tallix {
 namespace {
@@ -25,12 +26,20 @@ namespace {
 namespace fs = std::filesystem;
 using test::readFile;
 using test::TempDir;
+using test::thrown;
 using test::writeFile;
 
 const std::string kOldBytes = "<?xml version=\"1.0\"?>\n<tallix><descriptions/></tallix>\n";
 
 // Exit codes of the child processes below.
-enum : int { kPassed = 0, kCannotSetUp = 2, kSaved = 3, kOldBytesLost = 4, kTempLeft = 5 };
+enum : int {
+    kPassed = 0,
+    kCannotSetUp = 2,
+    kSaved = 3,
+    kOldBytesLost = 4,
+    kTempLeft = 5,
+    kLeftOpen = 6
+};
 
 size_t entriesIn(const fs::path& folder) {
     return static_cast<size_t>(std::distance(fs::directory_iterator(folder), {}));
@@ -97,17 +106,30 @@ TEST(AtomicSave, ReplacesTheFileKeepingItsPermissions) {
     EXPECT_EQ(entriesIn(dir.path()), 1u);
 }
 
+// Started without standard input, the save's files and folder get
+// descriptor 0; none stays open after the save.
+TEST(AtomicSave, LeavesNoDescriptorOpenEvenDescriptorZero) {
+    TempDir dir;
+    writeFile(dir / "tallix.xml", kOldBytes);
+    const Document doc = largeDocument();
+    EXPECT_EQ(inChild([&] {
+                  ::close(0);
+                  doc.save(dir / "tallix.xml");
+                  return ::fcntl(0, F_GETFD) == -1 && errno == EBADF ? kPassed : kLeftOpen;
+              }),
+              kPassed);
+    EXPECT_EQ(readFile(dir / "tallix.xml"), doc.serialize());
+}
+
 TEST(AtomicSave, AFailedWriteLeavesTheOldFileAndNoTemporary) {
     TempDir dir;
     writeFile(dir / "tallix.xml", kOldBytes);
     Document doc = largeDocument();
     testing::failNthWrite(1, ENOSPC);
-    try {
-        doc.save(dir / "tallix.xml");
-        ADD_FAILURE() << "the save did not fail";
-    } catch (const std::runtime_error& e) {
-        EXPECT_NE(std::string(e.what()).find(std::strerror(ENOSPC)), std::string::npos) << e.what();
-    }
+    EXPECT_NE(thrown<std::runtime_error>([&] {
+                  doc.save(dir / "tallix.xml");
+              }).find(std::strerror(ENOSPC)),
+              std::string::npos);
     testing::failNthWrite(0, 0);
     EXPECT_EQ(readFile(dir / "tallix.xml"), kOldBytes);
     EXPECT_EQ(entriesIn(dir.path()), 1u);
@@ -138,13 +160,10 @@ TEST(AtomicSave, ADanglingLinkIsRefusedAndLeftAsItIs) {
     TempDir dir;
     const fs::path link = dir / "tallix2026.xml";
     fs::create_symlink(dir / "moved" / "tallix2026.xml", link);
-    try {
-        largeDocument().save(link);
-        ADD_FAILURE() << "the save did not fail";
-    } catch (const std::runtime_error& e) {
-        EXPECT_NE(std::string(e.what()).find("which does not exist"), std::string::npos)
-            << e.what();
-    }
+    EXPECT_NE(thrown<std::runtime_error>([&] {
+                  largeDocument().save(link);
+              }).find("which does not exist"),
+              std::string::npos);
     EXPECT_TRUE(fs::is_symlink(link));
     EXPECT_FALSE(fs::exists(dir / "moved"));
     EXPECT_EQ(entriesIn(dir.path()), 1u);
@@ -185,13 +204,9 @@ TEST(AtomicSave, AFileTheUserMayNotWriteIsRefusedBeforeAnythingIsWritten) {
 
     // Read-only for everyone: refused even for the super-user.
     fs::permissions(file, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
-    try {
-        doc.save(file);
-        ADD_FAILURE() << "the save did not fail";
-    } catch (const std::runtime_error& e) {
-        EXPECT_EQ(std::string(e.what()), "could not save " + file.string() +
-                                             ": the file is read-only: " + std::strerror(EACCES));
-    }
+    EXPECT_EQ(
+        thrown<std::runtime_error>([&] { doc.save(file); }),
+        "could not save " + file.string() + ": the file is read-only: " + std::strerror(EACCES));
     EXPECT_EQ(readFile(file), kOldBytes);
     EXPECT_EQ(entriesIn(dir.path()), 1u);
 
@@ -218,12 +233,10 @@ TEST(AtomicSave, ATargetThatIsNotARegularFileIsLeftAsItIs) {
         {"link.xml", "pipe.xml: it is a named pipe, not a regular file"},
         {"folder.xml", "folder.xml: it is a folder, not a regular file"}};
     for (const auto& [name, message] : cases) {
-        try {
-            largeDocument().save(dir / name);
-            ADD_FAILURE() << name << " was replaced";
-        } catch (const std::runtime_error& e) {
-            EXPECT_NE(std::string(e.what()).find(message), std::string::npos) << e.what();
-        }
+        EXPECT_NE(
+            thrown<std::runtime_error>([&] { largeDocument().save(dir / name); }).find(message),
+            std::string::npos)
+            << name;
     }
     EXPECT_TRUE(fs::is_fifo(fs::symlink_status(pipe)));
     EXPECT_TRUE(fs::is_symlink(dir / "link.xml"));

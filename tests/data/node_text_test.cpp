@@ -10,6 +10,7 @@
 #include "data/node_text.h"
 #include "data/text_utils.h"
 #include "support/temp_dir.h"
+#include "support/thrown.h"
 
 namespace tallix {
 namespace {
@@ -83,12 +84,6 @@ TEST(TextUtils, SplitAndNumberToText) {
     EXPECT_EQ(numberToText(1234567890123LL), "1234567890123");
 }
 
-}  // namespace
-}  // namespace tallix
-
-namespace tallix {
-namespace {
-
 // Writes go by position, guarded by names: an element that carries another
 // child's name (two children swapped by hand) is refused, one whose name the
 // program does not use is written by its position.
@@ -102,14 +97,9 @@ TEST(NodeText, AWriteByPositionRefusesAnotherChildsElement) {
     pugi::xml_node months =
         doc.node().child("tallix").child("income").child("name").child("months");
     pugi::xml_node january = childAt(months, 0);
-    try {
-        setChildText(january, 1, "530.00");
-        FAIL() << "the swapped date was written";
-    } catch (const schema::MisplacedElement& e) {
-        EXPECT_STREQ(e.what(),
-                     "year.xml: /tallix/income/name[@id='Pay']/months/month[1]: child 1 is "
-                     "'date' where 'amount' belongs, so it is not written");
-    }
+    EXPECT_EQ(test::thrown<schema::MisplacedElement>([&] { setChildText(january, 1, "530.00"); }),
+              "year.xml: /tallix/income/name[@id='Pay']/months/month[1]: child 1 is "
+              "'date' where 'amount' belongs, so it is not written");
     EXPECT_EQ(nodeText(january.child("date")), "1/15/2026");
     EXPECT_THROW(setChildText(january, 2, "0"), schema::MisplacedElement);
     setChildText(january, 3, "notpaid");  // in its place
@@ -120,12 +110,6 @@ TEST(NodeText, AWriteByPositionRefusesAnotherChildsElement) {
     setChildText(february, 1, "9.00");
     EXPECT_EQ(nodeText(february.child("amt")), "9.00");
 }
-
-}  // namespace
-}  // namespace tallix
-
-namespace tallix {
-namespace {
 
 // Every element of a well-formed year file and index whose children the
 // program reads by position is recognised, and its children stand exactly

@@ -148,10 +148,12 @@ TEST(StructureCheck, RegisterColumnFaults) {
         blankAfter([&](pugi::xml_node doc) {
             at(doc, column("Amount")).remove_child("kind");
             setChildText(at(doc, column("Check")), 1, "400000000");
+            setChildText(at(doc, column("DATE")), 1, "-5");
             setChildText(at(doc, column("Info")), 3, "9223372036854775808");
             at(doc, paths::kRegisterColumns).remove_child(at(doc, column("Status")));
         }),
-        (Faults{"registercolumns column 'Amount': lacks child 'kind' (child 2)",
+        (Faults{"registercolumns column 'DATE': width '-5' is not a whole number from 0 to 1000",
+                "registercolumns column 'Amount': lacks child 'kind' (child 2)",
                 "registercolumns column 'Check': width '400000000' is not a whole number from 0 "
                 "to 1000",
                 "registercolumns column 'Description': position is 9, expected 8" + kPositionsRun,
@@ -159,17 +161,17 @@ TEST(StructureCheck, RegisterColumnFaults) {
                 "number from 0 to 1000",
                 "registercolumns: lacks the 'Status' column"}));
     EXPECT_EQ(blankAfter([&](pugi::xml_node doc) {
-                  pugi::xml_node check = at(doc, column("Check"));
-                  check.parent().insert_move_before(check, at(doc, column("Amount")));
-                  setChildText(check, 3, "5");
-                  setChildText(at(doc, column("Amount")), 3, "6");
+                  pugi::xml_node amount = at(doc, column("Amount"));
+                  amount.parent().insert_move_before(amount, at(doc, column("Expense")));
+                  setChildText(amount, 3, "4");
+                  setChildText(at(doc, column("Expense")), 3, "5");
                   setChildText(at(doc, column("Info")), 0, "Notes");
               }),
               (Faults{"registercolumns column 'Info': title 'Notes' differs from its key 'Info'",
-                      "registercolumns column 'Amount': stands at position 6, the program "
-                      "expects it at 5",
-                      "registercolumns column 'Check': stands at position 5, the program "
-                      "expects it at 6"}));
+                      "registercolumns column 'Expense': stands at position 5, the program "
+                      "expects it at 4",
+                      "registercolumns column 'Amount': stands at position 4, the program "
+                      "expects it at 5"}));
 }
 
 TEST(StructureCheck, InstitutionFaults) {
@@ -271,8 +273,8 @@ TEST(StructureCheck, WholeFileFaults) {
 
 TEST(StructureCheck, IndexFileFaults) {
     EXPECT_EQ(
-        checkText("<tallix><year year='2026'><file>tallix2026.xml</file><status/></year>"
-                  "<year year='2026'><file>old/tallix2026.xml</file><status/></year>"
+        checkText("<tallix><year year='2026'><file>old/tallix2026.xml</file><status/></year>"
+                  "<year year='2026'><file>tallix2026.xml</file><status/></year>"
                   "<year year='26'><file/></year><note/></tallix>",
                   "tallix.xml"),
         (Faults{"index: child 3 is 'note', expected 'year'", "index: year '2026' is used 2 times",

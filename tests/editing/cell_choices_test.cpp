@@ -1,13 +1,5 @@
-#include <gtest/gtest.h>
-
-#include "app/session.h"
-#include "data/node_text.h"
-#include "data/schema_names.h"
 #include "editing/cell_choices.h"
-#include "register/month_display.h"
-#include "register/month_lines.h"
-#include "support/scripted.h"
-#include "support/temp_dir.h"
+#include "editing/sample_march.h"
 
 namespace tallix {
 namespace {
@@ -55,60 +47,40 @@ TEST(EditableCells, TabWalksTheEditableCellsAndWrapsBetweenLines) {
     EXPECT_EQ(nextEditableCell(v, 0, 5, false), Cell{});
 }
 
-class CellChoicesTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        std::filesystem::copy_file(test::sourceDir() / "examples" / "tallix2026.xml", file());
-        session.openDataPath(file());
-        prepareColumns(session);
-        session.month = 3;
-        ASSERT_TRUE(showMonth(session, "3"));
-    }
-    std::filesystem::path file() const { return tmp / "tallix2026.xml"; }
-    std::string savedField(int line, int child) {
-        Document d = Document::load(file());
-        return childText(monthLines(d.node(), "March").at(static_cast<size_t>(line - 1)),
-                         static_cast<size_t>(child));
-    }
-
-    test::TempDir tmp;
-    test::FixedEnvironment env;
-    test::ScriptedPrompter prompter;
-    Session session{env, prompter};
-};
+using CellChoicesTest = test::SampleMarch;
 
 TEST_F(CellChoicesTest, TheInstitutionsAreTheBanksThenTheCards) {
-    const std::vector<InstitutionChoice> choices = institutionChoices(session.data.node());
-    ASSERT_EQ(choices.size(), 3u);
-    EXPECT_EQ(choices[0].name, "First National");
-    EXPECT_EQ(choices[0].accounts, (std::vector<std::string>{"Checking", "Savings"}));
-    EXPECT_EQ(choices[1].name, "Credit Union");
-    EXPECT_EQ(choices[2].name, "creditcards");
-    EXPECT_EQ(choices[2].accounts, (std::vector<std::string>{"Visa", "Mastercard"}));
+    std::vector<std::string> banks;
+    for (const InstitutionChoice& choice : institutionChoices(year.data()))
+        banks.push_back(choice.name + ": " + choice.accounts.front() + ", " +
+                        choice.accounts.back());
+    EXPECT_EQ(banks, (std::vector<std::string>{"First National: Checking, Savings",
+                                               "Credit Union: Share Draft, Share Draft",
+                                               "creditcards: Visa, Mastercard"}));
     EXPECT_EQ(statusWords().size(), 8u);
     EXPECT_EQ(statusWords().front(), "notpaid");
     EXPECT_EQ(statusWords().back(), "skip");
 }
 
 TEST_F(CellChoicesTest, APickReachesTheTableTheLineAndTheFile) {
-    const FieldColumns& f = session.view.fields;
-    writeStatus(session, 1, "cleared");
-    writeInstitution(session, 1, "Credit Union", "Share Draft");
-    writeDescription(session, 1, "Corner Market");
-    EXPECT_EQ(session.view.table.cell(1, f.status), "cleared");
-    EXPECT_EQ(session.view.table.cell(1, f.account), "Share Draft");
-    EXPECT_EQ(savedField(2, schema::kStatus), "cleared");
-    EXPECT_EQ(savedField(2, schema::kInstitution), "Credit Union");
-    EXPECT_EQ(savedField(2, schema::kAccount), "Share Draft");
-    EXPECT_EQ(savedField(2, schema::kDescription), "Corner Market");
+    const FieldColumns& f = this->f();
+    writeStatus(session(), 1, "cleared");
+    writeInstitution(session(), 1, "Credit Union", "Share Draft");
+    writeDescription(session(), 1, "Corner Market");
+    EXPECT_EQ(session().view.table.cell(1, f.status), "cleared");
+    EXPECT_EQ(session().view.table.cell(1, f.account), "Share Draft");
+    EXPECT_EQ(saved().field(2, schema::kStatus), "cleared");
+    EXPECT_EQ(saved().field(2, schema::kInstitution), "Credit Union");
+    EXPECT_EQ(saved().field(2, schema::kAccount), "Share Draft");
+    EXPECT_EQ(saved().field(2, schema::kDescription), "Corner Market");
 
     // The starting row has no line: nothing is written anywhere.
-    const std::string before = readFile(file());
-    const int starting = session.view.lineCount;
-    const std::string shown = session.view.table.cell(starting, f.status);
-    EXPECT_ANY_THROW(writeStatus(session, starting, "cleared"));
-    EXPECT_EQ(session.view.table.cell(starting, f.status), shown);
-    EXPECT_EQ(readFile(file()), before);
+    const std::string before = readFile(year.path);
+    const int starting = session().view.lineCount;
+    const std::string shown = session().view.table.cell(starting, f.status);
+    EXPECT_ANY_THROW(writeStatus(session(), starting, "cleared"));
+    EXPECT_EQ(session().view.table.cell(starting, f.status), shown);
+    EXPECT_EQ(readFile(year.path), before);
 }
 
 }  // namespace

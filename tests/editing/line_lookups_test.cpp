@@ -1,64 +1,41 @@
-#include <gtest/gtest.h>
-
-#include "data/schema_names.h"
+// The look-ups that fill a line from the plan, on March of the sample year.
 #include "editing/line_lookups.h"
-#include "register/plan_index.h"
-#include "register/year_file.h"
+#include "editing/sample_march.h"
 
 namespace tallix {
 namespace {
 
-// March of the sample year: line 1 is a Gasoline debit, line 3 the Water cheque.
-class LineLookupsTest : public ::testing::Test {
+class LineLookupsTest : public test::SampleMarch {
   protected:
-    void SetUp() override {
-        ASSERT_TRUE(year.show(3));
-        year.prompter.shown.clear();
-    }
-    std::string saved(int line, size_t child) {
-        Document d = Document::load(year.path);
-        pugi::xml_node month = selectOne(d.node(), paths::kMonthByName, "March");
-        return childText(elementChildren(month).at(static_cast<size_t>(line - 1)), child);
-    }
-    const FieldColumns& f() { return year.session().view.fields; }
-
-    test::YearFile year{{2026, 11, 21}, test::sourceDir() / "examples" / "tallix2026.xml"};
+    std::string saved(int line, size_t child) { return SampleMarch::saved().field(line, child); }
 };
 
-TEST_F(LineLookupsTest, ARecurringExpenseOnACheckLineIsPendingAndRecurring) {
-    expenseLookup(year.session(), 2, f().expense, "Water", "Housing");
-    EXPECT_EQ(saved(3, schema::kStatus), "pending");
-    EXPECT_EQ(saved(3, schema::kAccumulate), "recurring");
-    EXPECT_EQ(saved(3, schema::kTypeOfEntry), "check");
-    EXPECT_EQ(year.cell(2, f().status), "pending");
-    Document d = Document::load(year.path);
-    pugi::xml_node water = selectOne(d.node(), paths::kExpense, "Water");
-    EXPECT_EQ(childText(monthEntry(water, schema::kExpenseMonths, 3), schema::kEntryStatus),
-              "pending");
-}
-
+// The payment kind decides Accumulate and the entry type; a check line of a
+// planned expense is pending, on the line and in the plan.
 TEST_F(LineLookupsTest, ThePaymentKindDecidesAccumulateAndTheEntryType) {
     // The sample has no "Auto-Bank" expense: make the mortgage one.
     setChildText(selectOne(year.data(), paths::kExpense, "Mortgage"), 1, "Auto-Bank");
     struct Case {
         int line;
-        const char* expense;
-        const char* category;
-        const char* accumulate;
-        const char* type;
+        const char *expense, *category, *accumulate, *type, *status;
     };
-    for (const Case& c : {Case{1, "Groceries", "Living", "accumulate", "debit"},
-                          Case{4, "Electric", "Housing", "auto", "auto"},
-                          Case{8, "Mortgage", "Housing", "Auto-Bank", "Auto-Bank"}}) {
+    for (const Case& c : {Case{1, "Groceries", "Living", "accumulate", "debit", "cleared"},
+                          Case{3, "Water", "Housing", "recurring", "check", "pending"},
+                          Case{4, "Electric", "Housing", "auto", "auto", "posted"},
+                          Case{8, "Mortgage", "Housing", "Auto-Bank", "Auto-Bank", "posted"}}) {
+        SCOPED_TRACE(c.expense);
         expenseLookup(year.session(), c.line - 1, f().expense, c.expense, c.category);
         EXPECT_EQ(saved(c.line, schema::kExpense), c.expense);
-        EXPECT_EQ(saved(c.line, schema::kAccumulate), c.accumulate) << c.expense;
-        EXPECT_EQ(saved(c.line, schema::kTypeOfEntry), c.type) << c.expense;
-        EXPECT_EQ(year.cell(c.line - 1, f().accumulate), c.accumulate) << c.expense;
+        EXPECT_EQ(saved(c.line, schema::kAccumulate), c.accumulate);
+        EXPECT_EQ(saved(c.line, schema::kTypeOfEntry), c.type);
+        EXPECT_EQ(saved(c.line, schema::kStatus), c.status);
+        EXPECT_EQ(year.cell(c.line - 1, f().accumulate), c.accumulate);
+        EXPECT_EQ(year.cell(c.line - 1, f().status), c.status);
     }
     EXPECT_EQ(saved(1, schema::kInstitution), "First National");
     EXPECT_EQ(saved(1, schema::kAccount), "Checking");
     EXPECT_EQ(saved(1, schema::kCategoty), "Living");
+    EXPECT_EQ(SampleMarch::saved().plan("Water", schema::kEntryStatus), "pending");
 }
 
 TEST_F(LineLookupsTest, AnExpenseNotInTheCategoryChangesNothing) {
@@ -74,6 +51,7 @@ TEST_F(LineLookupsTest, AnIncomeSourceMakesTheLineIncome) {
     EXPECT_EQ(saved(1, schema::kCategoty), "Income");
     EXPECT_EQ(saved(1, schema::kDebit), "3150.00");
     EXPECT_EQ(saved(1, schema::kInstitution), "First National");
+    EXPECT_EQ(saved(1, schema::kAccount), "Checking");
     EXPECT_EQ(year.cell(0, f().category), "Income");
     EXPECT_EQ(year.cell(0, f().amount), "3150.00");
 }

@@ -1,91 +1,34 @@
 // Right clicks on March of the sample year: insert, make, delete and move,
-// each read back from the saved file. March has 24 lines; its receivable
-// lines are 7 and 20 (Maple Street Bakery) and 15 (Riverside Garden Club).
-#include <gtest/gtest.h>
-
+// each read back from the saved file.
+#include <set>
 #include <sstream>
 
-#include "data/schema_names.h"
 #include "editing/add_item.h"
 #include "editing/line_lookups.h"
 #include "editing/row_operations.h"
-#include "register/plan_index.h"
-#include "register/year_file.h"
-#include "support/scripted_choices.h"
+#include "editing/sample_march.h"
+#include "reference/descriptions.h"
 
 namespace tallix {
 namespace {
 
-using Fields = std::vector<std::string>;
+using test::Fields;
 
-class RowOperationsTest : public ::testing::Test {
+class RowOperationsTest : public test::SampleMarch {
   protected:
-    void SetUp() override {
-        ASSERT_TRUE(year.show(3));
-        year.prompter.shown.clear();
-    }
-    Session& session() { return year.session(); }
-    const FieldColumns& f() { return session().view.fields; }
-
     void rightClick(int row, RowOperationChoice choice) {
         choices.rowOperations.push_back(std::move(choice));
         AddItem(session(), row, f().amount, choices);
     }
-
-    // March as saved: each line's `line` attribute and its twelve fields.
-    struct Saved {
-        Document doc;
-        std::vector<pugi::xml_node> lines;
-        Fields fields(int line) const {
-            Fields texts;
-            for (pugi::xml_node child : elementChildren(lines.at(static_cast<size_t>(line - 1))))
-                texts.push_back(nodeText(child));
-            return texts;
-        }
-        std::vector<std::string> numbers() const {
-            std::vector<std::string> out;
-            for (pugi::xml_node line : lines)
-                out.push_back(attributeText("line", line));
-            return out;
-        }
-        // The line numbers of a customer's March items, in file order.
-        std::vector<std::string> items(const std::string& customer) const {
-            std::vector<std::string> out;
-            pugi::xml_node c = requireOne(doc.node(), paths::kReceivable, customer);
-            for (pugi::xml_node item : elementChildren(monthEntry(c, schema::kCustomerMonths, 3)))
-                out.push_back(childText(item, 0));
-            return out;
-        }
-    };
-    Saved saved() {
-        Saved s{Document::load(year.path), {}};
-        s.lines = elementChildren(selectOne(s.doc.node(), paths::kMonthByName, "March"));
-        return s;
-    }
-    static std::vector<std::string> oneTo(int n) {
-        std::vector<std::string> out;
-        for (int i = 1; i <= n; ++i)
-            out.push_back(std::to_string(i));
-        return out;
-    }
-    static Fields emptyLine(const std::string& day, const std::string& kind) {
-        Fields texts(12);
-        texts[schema::kDay] = day;
-        texts[schema::kTypeOfEntry] = kind;
-        return texts;
-    }
     std::optional<Rgb> background(int row, int column) {
         return cellColours(row, column, session().view).background;
     }
-
-    test::YearFile year{{2026, 11, 21}, test::sourceDir() / "examples" / "tallix2026.xml"};
-    test::ScriptedLineChoices<> choices;
 };
 
 TEST_F(RowOperationsTest, InsertOnTheFirstRowMakesLineOneOnTheFirstLinesDay) {
     rightClick(0, {"insert", "check"});
     EXPECT_EQ(choices.opened, (std::vector<std::string>{"row operations"}));
-    Saved s = saved();
+    test::SavedMarch s = saved();
     EXPECT_EQ(s.numbers(), oneTo(25));
     EXPECT_EQ(s.fields(1), emptyLine("28", "check"));
     EXPECT_EQ(s.fields(2)[schema::kExpense], "Gasoline");
@@ -104,71 +47,73 @@ TEST_F(RowOperationsTest, InsertOnTheFirstRowMakesLineOneOnTheFirstLinesDay) {
 }
 
 TEST_F(RowOperationsTest, AnInsertedLinesDateAndItemCellsShowTheParityOfItsDay) {
-    // Row 18 is line 19, on the 7th.
+    auto coloured = [&] {  // the rows with cells of their own colour
+        std::set<int> rows;
+        for (const auto& [cell, colours] : session().view.cellOverrides)
+            rows.insert(cell.first);
+        return rows;
+    };
+    // Row 18 is line 19, on the 7th; a second insert there pushes the first down.
     rightClick(18, {"insert", "debit"});
-    EXPECT_EQ(background(18, 2), cell_colour::kInsertedOddDay);
-    EXPECT_EQ(background(18, 3), cell_colour::kInsertedOddDay);
+    rightClick(18, {"insert", "debit"});
     EXPECT_EQ(saved().fields(19)[schema::kDay], "7");
+    for (int row : {18, 19})
+        for (int column : {2, 3})
+            EXPECT_EQ(background(row, column), cell_colour::kInsertedOddDay) << row << column;
 
     // Rows above come and go: the colours stay with their lines, and a
     // deleted line's colours go with it.
     rightClick(0, {"insert", "debit"});  // on the 28th
     EXPECT_EQ(background(0, 3), cell_colour::kInsertedEvenDay);
-    EXPECT_EQ(background(19, 3), cell_colour::kInsertedOddDay);
-    EXPECT_NE(background(18, 3), cell_colour::kInsertedOddDay);
+    EXPECT_EQ(coloured(), (std::set<int>{0, 19, 20}));
     rightClick(0, {"delete", ""});
-    EXPECT_NE(background(0, 3), cell_colour::kInsertedEvenDay);
-    EXPECT_EQ(background(18, 3), cell_colour::kInsertedOddDay);
+    EXPECT_EQ(coloured(), (std::set<int>{18, 19}));
 
-    // Line 21 moved to the 8th; the odd-day colours stay with row 18.
-    setChildText(childAt(year.month("March"), 20), schema::kDay, "8");
+    // Line 22 moved to the 8th; the odd-day colours stay with rows 18 and 19.
+    setChildText(childAt(year.month("March"), 21), schema::kDay, "8");
     ASSERT_TRUE(year.show(3));
-    rightClick(20, {"insert", "medication"});
-    EXPECT_EQ(background(20, 2), cell_colour::kInsertedEvenDay);
-    EXPECT_EQ(background(20, 3), cell_colour::kInsertedEvenDay);
-    EXPECT_EQ(background(18, 2), cell_colour::kInsertedOddDay);
-    EXPECT_EQ(saved().fields(21), emptyLine("8", "medication"));
+    rightClick(21, {"insert", "medication"});
+    EXPECT_EQ(background(21, 2), cell_colour::kInsertedEvenDay);
+    EXPECT_EQ(background(21, 3), cell_colour::kInsertedEvenDay);
+    EXPECT_EQ(coloured(), (std::set<int>{18, 19, 21}));
+    EXPECT_EQ(saved().fields(22), emptyLine("8", "medication"));
 }
 
 TEST_F(RowOperationsTest, InsertOnTheStartingRowAddsALastLine) {
     rightClick(24, {"insert", "deposit"});
-    Saved s = saved();
+    test::SavedMarch s = saved();
     EXPECT_EQ(s.numbers(), oneTo(25));
     EXPECT_EQ(s.fields(25), emptyLine("1", "deposit"));
     EXPECT_EQ(s.fields(24)[schema::kExpense], "Mortgage");
 }
 
-TEST_F(RowOperationsTest, MakeCheckOnAPaidCheckPutsItBackIntoThePlan) {
-    // Line 3: the Water check 2046, cleared.
-    makeLine(session(), 2, "check");
-    Saved s = saved();
-    EXPECT_EQ(s.fields(3), emptyLine("25", "check"));
-    pugi::xml_node water = requireOne(s.doc.node(), paths::kExpense, "Water");
-    pugi::xml_node march = monthEntry(water, schema::kExpenseMonths, 3);
-    EXPECT_EQ(childText(march, schema::kEntryStatus), "notpaid");
-    EXPECT_EQ(childText(march, 2), "0");
-    EXPECT_EQ(childText(march, schema::kEntryCheck), "0");
-    EXPECT_EQ(childText(march, schema::kEntryAmount), "46.43");  // the plan keeps its amount
+// Make on a paid check empties the line and puts the bill back into the plan,
+// which keeps its amount; due on 28 March, the update posts it again on its
+// day, above the emptied line.
+TEST_F(RowOperationsTest, MakeCheckPutsAPaidBillBackIntoThePlanAndTheUpdatePostsIt) {
+    makeLine(session(), 2, "check");  // line 3, the Water check 2046, cleared
+    test::SavedMarch made = saved();
+    EXPECT_EQ(made.fields(3), emptyLine("25", "check"));
+    EXPECT_EQ(made.plan("Water", schema::kEntryStatus), "notpaid");
+    EXPECT_EQ(made.plan("Water", schema::kEntryDatePaid), "0");
+    EXPECT_EQ(made.plan("Water", schema::kEntryCheck), "0");
+    EXPECT_EQ(made.plan("Water", schema::kEntryAmount), "46.43");
     for (int column : {f().expense, f().amount, f().check, f().status, f().info, f().accumulate})
         EXPECT_TRUE(isBlankCell(year.cell(2, column))) << column;
     EXPECT_EQ(year.cell(2, f().typeofentry), "check");
-    EXPECT_TRUE(year.prompter.shown.empty());
-}
 
-TEST_F(RowOperationsTest, AfterMakeTheUpdatePostsTheBillThatIsDueAgain) {
-    rightClick(2, {"make", "check"});
-    Saved s = saved();
-    // Due on 28 March and no longer paid: the update posts it on its day,
-    // above the emptied line.
+    ASSERT_TRUE(OnToolsUpdate(session()));
+    test::SavedMarch s = saved();
     EXPECT_EQ(s.numbers(), oneTo(25));
     EXPECT_EQ(s.fields(2)[schema::kExpense], "Water");
     EXPECT_EQ(s.fields(2)[schema::kStatus], "processing");
     EXPECT_EQ(s.fields(4), emptyLine("25", "check"));
+    EXPECT_TRUE(year.prompter.shown.empty());
 }
 
 TEST_F(RowOperationsTest, MakeOnAReceivableLineTakesItsItemFromTheCustomer) {
     rightClick(6, {"make", "debit"});  // line 7, Maple Street Bakery's 600.00
-    Saved s = saved();
+    test::SavedMarch s = saved();
     EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"20"}));
     EXPECT_EQ(s.fields(7), emptyLine("20", "debit"));
     EXPECT_EQ(s.numbers(), oneTo(24));
@@ -176,7 +121,7 @@ TEST_F(RowOperationsTest, MakeOnAReceivableLineTakesItsItemFromTheCustomer) {
 
 TEST_F(RowOperationsTest, DeleteClosesTheGapAndKeepsTheItemsInStep) {
     rightClick(2, {"delete", ""});  // line 3, the Water check
-    Saved s = saved();
+    test::SavedMarch s = saved();
     EXPECT_EQ(s.numbers(), oneTo(23));
     EXPECT_EQ(s.fields(3)[schema::kExpense], "Resturants");
     EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"19", "6"}));
@@ -198,7 +143,7 @@ TEST_F(RowOperationsTest, MoveOntoAnEmptyLineAsksNothing) {
     choices.moveTargets = {1};
     rightClick(2, {"move", ""});
     EXPECT_TRUE(year.prompter.shown.empty());
-    Saved s = saved();
+    test::SavedMarch s = saved();
     Fields moved = s.fields(1);
     EXPECT_EQ(moved[schema::kDay], "28");  // the day stays with the line
     EXPECT_EQ(moved[schema::kExpense], "Acme Payroll");
@@ -221,7 +166,7 @@ TEST_F(RowOperationsTest, MoveAsksForEachFilledFieldAndANoStopsWhereItIs) {
     EXPECT_EQ(year.prompter.shown[0], kMoveTargetNotEmpty);
     EXPECT_EQ(year.prompter.shown[1], kMoveTargetNotEmpty);
     EXPECT_EQ(year.prompter.shown[2], "deposit name not found on line3 ...skipping");
-    Saved s = saved();
+    test::SavedMarch s = saved();
     const Fields to = s.fields(1);
     const Fields from = s.fields(3);
     EXPECT_EQ(to[schema::kExpense], "Acme Payroll");
@@ -256,7 +201,7 @@ TEST_F(RowOperationsTest, AMovedReceivableLineKeepsOneItemPerLine) {
     year.prompter.answers = std::deque<Answer>(11, Answer::Yes);
     choices.moveTargets = {15};
     rightClick(6, {"move", ""});
-    Saved s = saved();
+    test::SavedMarch s = saved();
     EXPECT_EQ(s.fields(15)[schema::kExpense], "Maple Street Bakery");
     EXPECT_EQ(s.items("Maple Street Bakery"), (std::vector<std::string>{"20", "15"}));
     EXPECT_TRUE(s.items("Riverside Garden Club").empty());
@@ -297,9 +242,27 @@ TEST_F(RowOperationsTest, ACancelledOrImpossibleMoveChangesNothing) {
     rightClick(2, {"move", ""});  // onto itself
     EXPECT_TRUE(year.prompter.shown.empty());
     rightClick(5, {"move", ""});
+    // A row without a line, asked directly: there is nothing to move.
+    choices.moveTargets = {1};
+    moveLine(session(), 24, choices);
     EXPECT_EQ(year.prompter.shown,
-              (std::vector<std::string>{std::string(kNoSuchLineStart) + "40" + kNoSuchLineEnd}));
+              (std::vector<std::string>{std::string(kNoSuchLineStart) + "40" + kNoSuchLineEnd,
+                                        std::string(kNoSuchLineStart) + "1" + kNoSuchLineEnd}));
     EXPECT_EQ(test::readFile(year.path), before);
+}
+
+// A right click on the Description cell picks a description, clears it, or
+// is cancelled.
+TEST_F(RowOperationsTest, ARightClickOnTheDescriptionPicksOneClearsItOrNothing) {
+    choices.descriptionAnswers = {"Corner Market", kDescriptionCancel, kDescriptionClear};
+    for (const char* expected : {"Corner Market", "Corner Market", ""}) {
+        AddItem(session(), 0, f().description, choices);
+        EXPECT_EQ(saved().field(1, schema::kDescription), expected);
+        EXPECT_EQ(year.cell(0, f().description), *expected ? expected : " ");
+    }
+    EXPECT_EQ(choices.opened, Fields(3, "description"));
+    EXPECT_EQ(choices.offeredDescriptions, descriptions(year.data()));
+    EXPECT_TRUE(year.prompter.shown.empty());
 }
 
 TEST_F(RowOperationsTest, CancelChangesNothingAndTheStartingRowHasNoLineToChange) {

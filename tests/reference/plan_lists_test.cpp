@@ -1,4 +1,4 @@
-// The plan lists read from a small year written inline.
+// The plan lists read from the small year of tests/fixtures/plan_year.xml.
 #include <gtest/gtest.h>
 
 #include "reference/plan_lists.h"
@@ -15,9 +15,7 @@ Texts texts(const PlanEntryRow& e) {
 
 class PlanListsTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        ASSERT_TRUE(doc_.load_string(test::kPlanYear, pugi::parse_default | pugi::parse_comments));
-    }
+    void SetUp() override { ASSERT_TRUE(test::loadPlanYear(doc_)); }
     pugi::xml_node data() const { return doc_; }
     pugi::xml_document doc_;
 };

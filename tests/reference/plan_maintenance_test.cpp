@@ -14,6 +14,7 @@
 #include "reference/maintained_year.h"
 #include "reference/plan_input.h"
 #include "reference/plan_messages.h"
+#include "support/thrown.h"
 
 namespace tallix {
 namespace {
@@ -199,14 +200,10 @@ TEST(PlanMaintenance, RefusedNoOrAtTheEndLeavesTheFileAndTheDocument) {
         MaintainedYear year;
         year.prompter.answers = answers;
         const std::string before = year.fileBytes(), document = year.session().data.serialize();
-        try {
-            run(year.session(), year.prompter);
-            EXPECT_FALSE(refusal) << "not refused: " << refusal;
-        } catch (const PlanRefusal& e) {
-            EXPECT_NE(std::string(e.what()).find(refusal ? refusal : "?"), std::string::npos)
-                << e.what();
-            EXPECT_TRUE(year.prompter.shown.empty()) << "asked before refusing";
-        }
+        const std::string said =
+            test::thrown<PlanRefusal>([&] { run(year.session(), year.prompter); });
+        EXPECT_NE(said.find(refusal ? refusal : "(nothing thrown)"), std::string::npos) << said;
+        EXPECT_TRUE(!refusal || year.prompter.shown.empty()) << "asked before refusing";
         EXPECT_EQ(year.fileBytes(), before);
         EXPECT_EQ(year.session().data.serialize(), document);
         EXPECT_EQ(undoText(year.session()), std::nullopt);

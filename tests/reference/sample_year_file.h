@@ -7,6 +7,7 @@
 #include "data/structure_check.h"
 #include "register/month_display.h"
 #include "register/year_file.h"
+#include "support/thrown.h"
 
 namespace tallix::test {
 

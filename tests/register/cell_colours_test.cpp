@@ -54,56 +54,40 @@ CellColours backgroundOnly(Rgb background) {
     return {background, std::nullopt};
 }
 
-struct EntryCase {
-    std::string type;
-    std::string status;
-    std::string day;
-    int column;
-    CellColours expected;
-};
-
-class EntryTypeColours : public ::testing::TestWithParam<EntryCase> {};
-
-TEST_P(EntryTypeColours, FollowTheLinesTypeStatusAndDay) {
-    const EntryCase& c = GetParam();
-    RegisterView v = sampleLayout(3);
-    setLine(v, 1, c.type, c.status, c.day);
-    EXPECT_EQ(cellColours(1, c.column, v), c.expected)
-        << c.type << " / '" << c.status << "' / day " << c.day << " / column " << c.column;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Register, EntryTypeColours,
-    ::testing::Values(
+TEST(CellColours, FollowTheLinesTypeStatusAndDay) {
+    const std::optional<Rgb> none;
+    const struct {
+        const char *type, *status, *day;
+        int column;
+        CellColours expected;
+    } cases[] = {
+        // clang-format off
         // Debits are striped by the parity of their day; grid column 5 is red.
-        EntryCase{"debit", "cleared", "14", 4, colours(kDebitEvenDay, kBlack)},
-        EntryCase{"debit", "cleared", "14", 5, colours(kDebitEvenDay, kRed)},
-        EntryCase{"debit", "cleared", "7", 9, colours(kDebitOddDay, kBlack)},
-        EntryCase{"Auto", " ", "3", 4, colours(kAuto, kBlack)},
-        EntryCase{"auto", " ", "3", 5, colours(kAuto, kRed)},
-        EntryCase{"Auto-Bank", " ", "3", 10, colours(kAuto, kBlack)},
+        {"debit", "cleared", "14", 4, {kDebitEvenDay, kBlack}}, {"debit", "cleared", "14", 5, {kDebitEvenDay, kRed}},
+        {"debit", "cleared", "7", 9, {kDebitOddDay, kBlack}}, {"Auto", " ", "3", 4, {kAuto, kBlack}},
+        {"auto", " ", "3", 5, {kAuto, kRed}}, {"Auto-Bank", " ", "3", 10, {kAuto, kBlack}},
         // A check not yet seen by the bank is red, with white text in column 5.
-        EntryCase{"check", "pending", "5", 5, colours(kPendingCheck, kWhite)},
-        EntryCase{"check", " ", "5", 4, colours(kPendingCheck, kBlack)},
-        EntryCase{"check", "", "5", 5, colours(kPendingCheck, kWhite)},
-        EntryCase{"check", "cleared", "5", 5, colours(kCheck, kWhite)},
-        EntryCase{"check", "Pending", "5", 8, colours(kCheck, kBlack)},
-        EntryCase{"medication", " ", "5", 5, colours(kMedication, kRed)},
-        EntryCase{"Medication", " ", "5", 6, colours(kMedication, kBlack)},
-        EntryCase{"posted check", "cleared", "5", 5, colours(kPostedCheck, kWhite)},
-        EntryCase{"posted check", "cleared", "5", 6, colours(kPostedCheck, kBlack)},
-        EntryCase{"credit card", " ", "5", 5, colours(kCreditCard, kRed)},
-        // Deposits are black throughout, column 5 included.
-        EntryCase{"deposit", "notpaid", "25", 5, colours(kDeposit, kBlack)},
-        // A receivable keeps the grid's own text colour.
-        EntryCase{"receivable", " ", "5", 5, backgroundOnly(kReceivable)},
+        {"check", "pending", "5", 5, {kPendingCheck, kWhite}}, {"check", " ", "5", 4, {kPendingCheck, kBlack}},
+        {"check", "", "5", 5, {kPendingCheck, kWhite}}, {"check", "cleared", "5", 5, {kCheck, kWhite}},
+        {"check", "Pending", "5", 8, {kCheck, kBlack}}, {"medication", " ", "5", 5, {kMedication, kRed}},
+        {"Medication", " ", "5", 6, {kMedication, kBlack}}, {"posted check", "cleared", "5", 5, {kPostedCheck, kWhite}},
+        {"posted check", "cleared", "5", 6, {kPostedCheck, kBlack}}, {"credit card", " ", "5", 5, {kCreditCard, kRed}},
+        // Deposits are black throughout, column 5 included; a receivable keeps
+        // the grid's own text colour.
+        {"deposit", "notpaid", "25", 5, {kDeposit, kBlack}}, {"receivable", " ", "5", 5, {kReceivable, none}},
         // The Info, Accumulate and Typeofentry cells take the row's colour.
-        EntryCase{"deposit", " ", "5", 21, colours(kDeposit, kBlack)},
-        EntryCase{"check", "pending", "5", 23, colours(kPendingCheck, kBlack)},
+        {"deposit", " ", "5", 21, {kDeposit, kBlack}}, {"check", "pending", "5", 23, {kPendingCheck, kBlack}},
         // Types are matched exactly.
-        EntryCase{"transfer", " ", "5", 5, CellColours{}},
-        EntryCase{"Debit", " ", "5", 5, CellColours{}},
-        EntryCase{" ", " ", "5", 5, CellColours{}}));
+        {"transfer", " ", "5", 5, {}}, {"Debit", " ", "5", 5, {}}, {" ", " ", "5", 5, {}},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        RegisterView v = sampleLayout(3);
+        setLine(v, 1, c.type, c.status, c.day);
+        EXPECT_EQ(cellColours(1, c.column, v), c.expected)
+            << c.type << " / '" << c.status << "' / day " << c.day << " / column " << c.column;
+    }
+}
 
 TEST(CellColours, DebitStripesFollowTheDayNotTheRow) {
     RegisterView v = sampleLayout(4);

@@ -27,8 +27,10 @@ std::vector<std::string> lines(YearFile& year, const std::string& month) {
 // Side Gig (income, auto date, no amount) the 9th and IRA Draw (income, auto
 // day) the 2nd are due and "notpaid". Phone is due tomorrow; Water is "no
 // entry", Fuel "pending", Groceries accumulates and Payroll is "posted" kind.
+// A line without a day counts as the earliest: the 1st goes above it.
 TEST(MonthLoad, PostsEachDueEntryOnItsDayAndMarksItPosted) {
     YearFile year({2026, 4, 15});
+    setChildText(year.month("April").append_copy(childAt(year.month("April"), 0)), 0, "");
     year.session().month = 4;
     EXPECT_EQ(postDueEntries(year.session()), 5);
     const std::vector<std::string> expected = {
@@ -41,6 +43,7 @@ TEST(MonthLoad, PostsEachDueEntryOnItsDayAndMarksItPosted) {
         "7:3|Groceries|1.00||Living|cleared||Harbor Bank|Checking||accumulate|debit",
         "8:2|IRA Draw|55.55||Income|processing||Summit Savings|Savings|||deposit",
         "9:1|Mortgage|1500.00||Housing|processing||Harbor Bank|Checking||recurring|Auto-Bank",
+        "10:|Groceries|10.00||Living|cleared||Harbor Bank|Checking||accumulate|debit",
     };
     EXPECT_EQ(lines(year, "April"), expected);
 

@@ -1,9 +1,10 @@
-// The register's columns, the month's lines in the grid table, and showing,
-// refusing and refreshing a month.
+// The register's columns, the month's lines in the grid table, showing,
+// refusing and refreshing a month, and finding lines.
 #include <gtest/gtest.h>
 
 #include "data/schema_names.h"
 #include "editing/row_operations.h"
+#include "register/line_search.h"
 #include "register/month_lines.h"
 #include "register/register_columns.h"
 #include "register/year_file.h"
@@ -159,12 +160,6 @@ TEST(MonthDisplay, RefreshShowsTheFileAsItIsOnDiskAndPostsNothing) {
     EXPECT_EQ(year.cell(0, col::kAmount), "11.00");
 }
 
-}  // namespace
-}  // namespace tallix
-
-namespace tallix {
-namespace {
-
 // Showing a month saves the file when the engine changed it, and only then:
 // the month's totals are reset and added up again on every run.
 TEST(MonthDisplay, ShowingAnUnchangedMonthAgainWritesNothing) {
@@ -176,12 +171,6 @@ TEST(MonthDisplay, ShowingAnUnchangedMonthAgainWritesNothing) {
     EXPECT_EQ(std::filesystem::last_write_time(year.path), written);
     EXPECT_EQ(test::readFile(year.path), bytes);
 }
-
-}  // namespace
-}  // namespace tallix
-
-namespace tallix {
-namespace {
 
 // A command that fails saves nothing. Update all months is all or nothing: a
 // month that fails leaves the year in the window as it was, and the message
@@ -219,6 +208,37 @@ TEST(FailedCommands, SaveNothingAndSayWhere) {
         EXPECT_EQ(test::readFile(year.path), bytes);
         EXPECT_EQ(nodeText(march.child("date")), "3/15/2026");
     }
+}
+
+// Edit > Find over the sample year: texts found in any of the four fields
+// without regard to case, amounts found whatever way they are typed.
+// "day expense" of the March results.
+std::vector<std::string> inMarch(const std::vector<FoundLine>& found) {
+    std::vector<std::string> lines;
+    for (const FoundLine& f : found)
+        if (f.month == 3)
+            lines.push_back(f.day + " " + f.expense + " " + f.amount + " " + f.status + " #" +
+                            std::to_string(f.line));
+    return lines;
+}
+
+TEST(LineSearch, FindsTextsInFourFieldsAndAmountsHoweverTyped) {
+    test::YearFile year({2026, 3, 15}, test::sourceDir() / "examples/tallix2026.xml");
+    using L = std::vector<std::string>;
+    EXPECT_EQ(inMarch(findLines(year.data(), " sHELL ")),
+              (L{"28 Gasoline 39.57 cleared #1", "11 Gasoline 49.50 posted #18"}));
+    EXPECT_EQ(inMarch(findLines(year.data(), "$1,850")), (L{"1 Mortgage 1850.00 cleared #24"}));
+    EXPECT_EQ(inMarch(findLines(year.data(), "46.340")),
+              (L{"23 Mastercard 46.34 posted check #5", "19 Mastercard 46.34 cleared #9"}));
+    EXPECT_EQ(inMarch(findLines(year.data(), "2045")),
+              (L{"11 Visa 278.32 posted check #17", "7 Visa 278.32 cleared #19"}));
+    EXPECT_EQ(inMarch(findLines(year.data(), "receivables")).size(), 3u);  // a category
+    const std::vector<FoundLine> all = findLines(year.data(), "Mortgage");
+    ASSERT_EQ(all.size(), 11u);  // December is not planned in the sample yet
+    for (size_t m = 0; m < all.size(); ++m)
+        EXPECT_EQ(all[m].month, static_cast<int>(m + 1));
+    EXPECT_TRUE(findLines(year.data(), "  ").empty());
+    EXPECT_TRUE(findLines(year.data(), "no such thing").empty());
 }
 
 }  // namespace

@@ -133,14 +133,12 @@ TEST_F(FirstRunTest, EveryAnswerEndsWithAMonthOnScreenOrANoticeAndThenACleanExit
         Texts after;                  // what is shown after the answers
         std::string fileName, title;  // "" when Tallix closes at once
     } cases[] = {
+        // Each button of each question and both ends of the file dialog; the
+        // core's start-up test walks every combination.
         {{B::Yes, B::Yes}, household, opened, "household.xml", "November 2025"},
-        {{B::Cancel, B::Yes}, household, opened, "household.xml", "November 2025"},
-        {{B::Yes, B::Yes}, "", {kCloses}, "", ""},
         {{B::Cancel, B::Yes}, "", {kCloses}, "", ""},
         {{B::Yes, B::No}, "", opened, "tallix2026.xml", "November 2026"},
-        {{B::Cancel, B::No}, "", opened, "tallix2026.xml", "November 2026"},
         {{B::No, B::Yes}, "", opened, "tallix2026.xml", "November 2026"},
-        {{B::No, B::No}, "", {kCloses}, "", ""},
         {{B::No, B::Cancel}, "", {kCloses}, "", ""},
     };
     int run = 0;

@@ -58,12 +58,10 @@ TEST_F(IncomeReceivablesDialogsTest, AnAutoDaySourceGetsTheSecondFridayOfEveryMo
         retype(dialog->dayNumberEdit(), QStringLiteral("2"));
         QTest::mouseClick(dialog->saveValuesButton(), Qt::LeftButton);
 
+        // Every month's date is the core's; the table shows them.
         QTableWidget* months = dialog->monthTable();
-        const QStringList secondFridays = {"1/9/2026",  "2/13/2026", "3/13/2026",  "4/10/2026",
-                                           "5/8/2026",  "6/12/2026", "7/10/2026",  "8/14/2026",
-                                           "9/11/2026", "10/9/2026", "11/13/2026", "12/11/2026"};
-        for (int m = 0; m < 12; ++m)
-            EXPECT_EQ(months->item(m, 3)->text(), secondFridays[m]) << m + 1;
+        EXPECT_EQ(months->item(0, 3)->text(), "1/9/2026");
+        EXPECT_EQ(months->item(11, 3)->text(), "12/11/2026");
 
         // December's amount applied: Acme's total and the TOTAL row follow.
         const auto [sumBefore, totalBefore] = totals(dialog->sourceList());

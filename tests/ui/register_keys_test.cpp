@@ -2,9 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "data/schema_names.h"
-#include "data/values.h"
 #include "editing/line_day.h"
-#include "register/line_elements.h"
 #include "ui/sample_year.h"
 
 namespace tallix {
@@ -12,12 +10,11 @@ namespace {
 
 class RegisterKeysTest : public test::WindowTest {
   protected:
-    static constexpr int kWaterRow = 1, kDate = 2, kAmount = 5, kFnRegister = 13;
+    static constexpr int kWaterRow = 1, kDate = 2, kAmount = 5;
     void SetUp() override {
         test::WindowTest::SetUp();
         start();
     }
-    double shown(int row) { return textToAmount(cell(row, kFnRegister)); }
 };
 
 TEST_F(RegisterKeysTest, AnOpenEditIsKeptByEscapeAMonthButtonAndExit) {
@@ -56,27 +53,12 @@ TEST_F(RegisterKeysTest, TheDateCellMovesTheLineToItsDay) {
                                                        kNotADayMiddle + "30" + kNotADayEnd});
     EXPECT_EQ(test::readFile(yearFile()), before);
 
+    // Where the line goes and what follows it is the core's; the grid shows
+    // the file as it is then.
     type(0, kDate, "3");
-    // Below IRA Distribution (day 3, now line 17), above Water (day 2).
-    Document saved = Document::load(yearFile());
-    std::vector<pugi::xml_node> lines = monthLines(saved.node(), "November");
-    ASSERT_EQ(lines.size(), 21u);
-    for (size_t i = 0; i < lines.size(); ++i)
-        EXPECT_EQ(attributeText("line", lines[i]), std::to_string(i + 1));
-    EXPECT_EQ(childText(lines[16], schema::kExpense), "IRA Distribution");
-    EXPECT_EQ(childText(lines[17], schema::kExpense), "Acme Payroll");
-    EXPECT_EQ(childText(lines[17], schema::kDay), "3");
-    EXPECT_EQ(childText(lines[18], schema::kExpense), "Water");
-    // Maple Street Bakery's item followed its line from 16 to 15.
-    EXPECT_TRUE(receivableItem(saved.node(), lines[14], 11, "15"));
+    EXPECT_EQ(savedField(18, schema::kExpense), "Acme Payroll");
+    EXPECT_EQ(savedField(18, schema::kDay), "3");
     expectGridShowsTheFile();
-
-    // The FN register runs up from the starting row. Row 17 adds the 3244.50
-    // deposit to row 18's balance, row 16 (IRA into FN Savings) leaves it, and
-    // row 15 (Groceries, 129.82 out of FN Checking) takes 129.82 off.
-    EXPECT_NEAR(shown(17), shown(18) + 3244.50, 0.005);
-    EXPECT_NEAR(shown(16), shown(18) + 3244.50, 0.005);
-    EXPECT_NEAR(shown(15), shown(18) + 3244.50 - 129.82, 0.005);
 }
 
 }  // namespace

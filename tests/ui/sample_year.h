@@ -176,11 +176,12 @@ class WindowTest : public SampleYearTest {
                          static_cast<size_t>(child));
     }
     // Every cell of the grid against `month` as a new session shows it from
-    // the file on disk.
+    // the open year's file on disk.
     void expectGridShowsTheFile(int month = 11) {
         ScriptedPrompter quiet;
         Session fresh(env, quiet);
-        fresh.openDataPath(yearFile());
+        fresh.openDataPath(session.filePath);
+        fresh.setYear(session.year);
         prepareColumns(fresh);
         fresh.month = month;
         ASSERT_TRUE(showMonth(fresh, std::to_string(month)));

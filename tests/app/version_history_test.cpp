@@ -120,6 +120,9 @@ TEST(HistoryFiles, ReadWhatTheyWroteAndRefuseADamagedFile) {
     EXPECT_FALSE(read.whole);
     EXPECT_THROW(entryFromBytes(bytes.substr(0, bytes.size() - 4)), std::runtime_error);
     EXPECT_THROW(entryFromBytes("x" + bytes), std::runtime_error);
+    std::string misnamed = bytes;
+    misnamed.replace(misnamed.find("\nnumber "), 8, "\nnumber_");
+    EXPECT_THROW(entryFromBytes(misnamed), std::runtime_error);
     EXPECT_NE(fingerprint("ab"), fingerprint("ba"));
     EXPECT_NE(fingerprint(std::string(1, '\0')), fingerprint(""));
 }
@@ -323,17 +326,26 @@ TEST(Pruning, KeepsTheNewestFiftyAndTheLastOfEachOfThirtyDaysAndEveryKeptTextIsW
     history.open(start);
     std::map<long long, std::string> texts{{1, start}};
     std::string text = start;
+    int prunings = 0;
     for (int step = 1; step <= 135; ++step) {
         now += 8 * 60 * 60;  // three a day
         std::string next = text;
         const std::string line = "<amount>" + std::to_string(step % 300) + "</amount>";
         next.replace(next.find(line), line.size(),
                      "<amount>" + std::to_string(step) + "x</amount>");
+        const size_t before = history.versions().size();
         history.record("step " + std::to_string(step), text, next);
         text = next;
         texts[step + 1] = text;
-        ASSERT_LE(history.versions().size(), VersionHistory::kMostVersions);
+        const std::vector<Version>& listed = history.versions();
+        ASSERT_LE(listed.size(), VersionHistory::kMostVersions);
+        if (listed.size() <= before) {  // pruned: the newest fifty are all there
+            ++prunings;
+            EXPECT_EQ(listed[listed.size() - VersionHistory::kRecentKept].number,
+                      step + 2 - static_cast<long long>(VersionHistory::kRecentKept));
+        }
     }
+    EXPECT_GT(prunings, 0);
     const std::vector<Version>& kept = history.versions();
     ASSERT_GE(kept.size(), VersionHistory::kRecentKept);
     // The newest fifty, one after the other.

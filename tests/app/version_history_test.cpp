@@ -120,9 +120,11 @@ TEST(HistoryFiles, ReadWhatTheyWroteAndRefuseADamagedFile) {
     EXPECT_FALSE(read.whole);
     EXPECT_THROW(entryFromBytes(bytes.substr(0, bytes.size() - 4)), std::runtime_error);
     EXPECT_THROW(entryFromBytes("x" + bytes), std::runtime_error);
-    std::string misnamed = bytes;
-    misnamed.replace(misnamed.find("\nnumber "), 8, "\nnumber_");
-    EXPECT_THROW(entryFromBytes(misnamed), std::runtime_error);
+    for (const char* misnamedField : {"\nnumber_", "\nnumbex "}) {
+        std::string misnamed = bytes;
+        misnamed.replace(misnamed.find("\nnumber "), 8, misnamedField);
+        EXPECT_THROW(entryFromBytes(misnamed), std::runtime_error) << misnamedField;
+    }
     EXPECT_NE(fingerprint("ab"), fingerprint("ba"));
     EXPECT_NE(fingerprint(std::string(1, '\0')), fingerprint(""));
 }

@@ -115,12 +115,7 @@ void Session::save(const std::string* label) {
             }
         }
     }
-    try {
-        writeFileAtomically(filePath, after);
-    } catch (...) {
-        realignHistory();
-        throw;
-    }
+    writeDataFile(after);
     savedBytes_ = std::move(after);
 }
 
@@ -131,14 +126,20 @@ void Session::putVersion(const std::string& bytes, const std::string* label) {
     if (label)
         if (VersionHistory* history = versions())
             history->record(*label, savedBytes_, bytes);
+    writeDataFile(bytes);
+    data = std::move(version);
+    savedBytes_ = bytes;
+}
+
+// A write that failed leaves the old file on disk, and the history is put
+// back in step with it.
+void Session::writeDataFile(const std::string& bytes) {
     try {
         writeFileAtomically(filePath, bytes);
     } catch (...) {
         realignHistory();
         throw;
     }
-    data = std::move(version);
-    savedBytes_ = bytes;
 }
 
 void Session::realignHistory() {

@@ -97,6 +97,7 @@ class Session {
   private:
     void save(const std::string* label);
     // After a failed save: the history finds the version the file still holds.
+    void writeDataFile(const std::string& bytes);
     void realignHistory();
     void historyFailed(const std::exception& failure);
 
